@@ -1,0 +1,11 @@
+#pragma once
+
+#include "interlocuteur.h"
+
+/// Speaks to the user through message boxes that belong to no window.
+class InterlocuteurBureau : public Interlocuteur
+{
+public:
+    void Information(const QString &titre, const QString &texte) override;
+    void Avertissement(const QString &titre, const QString &texte) override;
+};

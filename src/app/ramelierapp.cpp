@@ -1,0 +1,110 @@
+#include "ramelierapp.h"
+
+#include "arbview.h"
+#include "ramelierdoc.h"
+#include "ramelierview.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QMenu>
+#include <QScreen>
+#include <QSettings>
+#include <QStatusBar>
+
+namespace {
+
+const QString organisation = QStringLiteral("ProgrammesLY");
+const QString application = QStringLiteral("ramelier");
+
+QSize TailleInitiale()
+{
+    const QRect bureau = QGuiApplication::primaryScreen()->virtualGeometry();
+    return bureau.width() > 800 && bureau.height() > 600 ? QSize(800, 600) : QSize(600, 440);
+}
+
+} // namespace
+
+RamelierApp::RamelierApp(int argc, char **argv)
+{
+    repApplication = QFileInfo(QString::fromLocal8Bit(argv[0])).absolutePath();
+    repAide = repApplication + QStringLiteral("/AideRamelier");
+    setWindowTitle(QStringLiteral("Ramelier 5.1"));
+    setWindowIcon(QIcon(QStringLiteral(":/images/ramelier.png")));
+    initActions();
+    initMenuBar();
+    initToolBar();
+    initStatusBar();
+    doc = new RamelierDoc(repApplication);
+    resize(TailleInitiale());
+    // The saved size always wins, its default of 400 x 400 included: deliberate.
+    readSettings();
+    view = new RamelierView(this, doc);
+    ConstruitMenusSurgissants();
+    ConnecteLeDocument();
+    if (argc >= 2) {
+        fichierArbre = QString::fromLocal8Bit(argv[1]);
+        slotFileOpen();
+    }
+    enDemarrage = false;
+    setCentralWidget(view);
+    show();
+}
+
+RamelierApp::~RamelierApp()
+{
+    delete popupPersonne;
+    delete popupGeneral;
+    delete view;
+    delete doc;
+}
+
+void RamelierApp::ConnecteLeDocument()
+{
+    connect(doc, &RamelierDoc::personneSelectionnee, this, &RamelierApp::slotPersonneSelectionnee);
+    connect(view->vue(), &arbView::personneDoubleCliquee, this, &RamelierApp::slotPersonneDoubleCliquee);
+    connect(view->vue(), &arbView::menuSurgissant, this, &RamelierApp::slotMenuSurgissant);
+    connect(doc, &RamelierDoc::autoriseAnnulation, this, &RamelierApp::slotAutoriseAnnulation);
+    connect(this, &RamelierApp::docChanged, view->vue(), &arbView::slotDocumentChanged);
+}
+
+void RamelierApp::initStatusBar()
+{
+    Status(QStringLiteral("Prêt."), 2000);
+    labelInfoModif = new QLabel(QString(21, u' '));
+    labelMode = new QLabel(QStringLiteral(" Consultation "));
+    statusBar()->addPermanentWidget(labelInfoModif);
+    statusBar()->addPermanentWidget(labelMode);
+}
+
+void RamelierApp::Status(const QString &texte, int duree)
+{
+    statusBar()->showMessage(texte, duree);
+}
+
+bool RamelierApp::TravailNonSauve() const
+{
+    return doc->isModified() || doc->areOptionsModified();
+}
+
+void RamelierApp::MaJStatusBarreInfoModif()
+{
+    labelInfoModif->setText(TravailNonSauve() ? QStringLiteral(" document modifé ") : QString(21, u' '));
+}
+
+void RamelierApp::readSettings()
+{
+    const QSettings reglages(organisation, application);
+    resize(reglages.value(QStringLiteral("size"), QSize(400, 400)).toSize());
+    move(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint());
+    dernierRep = reglages.value(QStringLiteral("lastdir")).toString();
+}
+
+void RamelierApp::writeSettings()
+{
+    QSettings reglages(organisation, application);
+    reglages.setValue(QStringLiteral("pos"), pos());
+    reglages.setValue(QStringLiteral("size"), size());
+    reglages.setValue(QStringLiteral("lastdir"), dernierRep);
+}

@@ -1,0 +1,162 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QString>
+
+class LyTextEdit;
+class QAction;
+class QCloseEvent;
+class QLabel;
+class QMenu;
+class QPrinter;
+class QToolBar;
+class RamelierDoc;
+class RamelierView;
+
+/// The program's one window: actions, menus, tool bar and status bar, the user's commands, the two working modes
+/// (consultation and editing) and the two display modes (full and reduced). Owns the document and its view.
+class RamelierApp : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Builds, opens the tree file argv[1] when there is one, and shows itself. \a argv[0] tells where the help is.
+    RamelierApp(int argc, char **argv);
+    ~RamelierApp() override;
+
+    // Public for the tests, which drive the window as its user does.
+    bool modeConsultation = true;
+    QLabel *labelMode = nullptr;
+    QLabel *labelInfoModif = nullptr;
+    bool modifAnnulee = false;  ///< the last modification was just taken back
+    bool enDemarrage = true;    ///< only while the constructor runs: the open command shows no dialog
+    QString fichierArbre;       ///< empty for a new tree
+    QString fichierOptions;     ///< options file that goes with fichierArbre
+    QString repApplication;     ///< absolute folder of the program
+    QString repAide;            ///< folder of the help manual
+    QString dernierRep;         ///< last folder used in a file dialog
+    RamelierView *view = nullptr;
+    RamelierDoc *doc = nullptr;
+    bool affichageComplet = true;
+    QMenu *menuFichier = nullptr;
+    QMenu *menuEdition = nullptr;
+    QMenu *menuFormat = nullptr;
+    QMenu *menuAffichage = nullptr;
+    QMenu *menuOutils = nullptr;
+    QMenu *menuAide = nullptr;
+    QMenu *popupPersonne = nullptr;  ///< owned
+    QMenu *popupGeneral = nullptr;   ///< owned
+    QToolBar *barreOutils = nullptr;
+    QAction *actFileNew = nullptr;
+    QAction *actFileOpen = nullptr;
+    QAction *actFileSave = nullptr;
+    QAction *actFileSaveAs = nullptr;
+    QAction *actFilePrint = nullptr;
+    QAction *actFileQuit = nullptr;
+    QAction *actAnnuler = nullptr;
+    QAction *actModifier = nullptr;
+    QAction *actSuppPers = nullptr;
+    QAction *actAjouterPere = nullptr;
+    QAction *actAjouterMere = nullptr;
+    QAction *actEditFicheHTML = nullptr;
+    QAction *actEditPdG = nullptr;
+    QAction *actFormatsDessins = nullptr;
+    QAction *actPoliceCaract = nullptr;
+    QAction *actPreferences = nullptr;
+    QAction *actModeTravail = nullptr;
+    QAction *actAffFicheHTML = nullptr;
+    QAction *actViewToolBar = nullptr;
+    QAction *actViewStatusBar = nullptr;
+    QAction *actModeAffichage = nullptr;
+    QAction *actAssembleArbres = nullptr;
+    QAction *actImporteGED = nullptr;
+    QAction *actExporteGED = nullptr;
+    QAction *actAide = nullptr;
+    QAction *actHelpAbout = nullptr;
+    QAction *actHelpAboutQt = nullptr;
+    QAction *actWhatsThis = nullptr;
+    LyTextEdit *listeEditeurs = nullptr;  ///< head of the chain of open sheet editors
+
+    /// Disables every command that needs a tree or a selection.
+    void resetMenus();
+    /// Shows in the status bar whether the document has unsaved changes.
+    void MaJStatusBarreInfoModif();
+    void readSettings();
+    void writeSettings();
+
+public Q_SLOTS:
+    void slotFileNew();
+    void slotFileOpen();
+    void slotFileSave();
+    void slotFileSaveAs();
+    void slotFilePrint();
+    void slotFileQuit();
+    void slotAnnuler();
+    void slotModifier();
+    void slotSuppPers();
+    void slotAjouterPere();
+    void slotAjouterMere();
+    void slotEditFicheHTML();
+    void slotEditPdG();
+    void slotFormatsDessins();
+    void slotPoliceCaract();
+    void slotPreferences();
+    /// Goes from consultation to editing, or back.
+    void slotModeTravail();
+    void slotAffFicheHTML();
+    void slotViewToolBar(bool visible);
+    void slotViewStatusBar(bool visible);
+    /// Full display (\a complet) with the tree's own formats, or the reduced display.
+    void slotModeAffichage(bool complet);
+    void slotAssembleArbres();
+    void slotImporteFichierGED();
+    void slotExporteVersFichierGED();
+    void slotAide();
+    void slotHelpAbout();
+    void slotHelpAboutQt();
+    /// 0 shows the general context menu at the mouse, 1 the one of the selected person.
+    void slotMenuSurgissant(int k);
+    /// 0 nothing is selected any more, 1 a person is.
+    void slotPersonneSelectionnee(int etat);
+    void slotPersonneDoubleCliquee();
+    /// A change can be taken back.
+    void slotAutoriseAnnulation();
+
+Q_SIGNALS:
+    /// Asks the drawing to refresh; codes as RamelierDoc::documentChanged.
+    void docChanged(int code);
+    /// The window closes for good; its satellite windows close with it.
+    void fermetureRamelier();
+
+protected:
+    void closeEvent(QCloseEvent *evenement) override;
+    /// Offers to save unsaved work before the tree goes. Clears \a continuer when the user would rather keep it, or when
+    /// the save did not succeed; never sets it.
+    void proposeSauvegarde(bool *continuer);
+    /// Offers to save before leaving; false when the user stays.
+    bool queryExit();
+
+private:
+    struct DefAction;
+
+    void initActions();
+    void initMenuBar();
+    void initToolBar();
+    void initStatusBar();
+    void ConstruitMenusSurgissants();
+    void ConnecteLeDocument();
+    QAction *CreeAction(const DefAction &definition);
+    void Remplit(QMenu *menu, std::initializer_list<QAction *> actions);
+
+    void Status(const QString &texte, int duree = 0);
+    [[nodiscard]] bool TravailNonSauve() const;
+    [[nodiscard]] bool PeutAbandonnerLArbre();
+    void PasseEnConsultation();
+    void ActiveCommandesArbre();
+    void ActiveCommandesPersonne();
+    void MontreEchecDOuverture(const QString &status, const QString &texte);
+    [[nodiscard]] bool RefuseDeRemplacer(const QString &nom);
+    [[nodiscard]] bool ChoisitImprimante(QPrinter &imprimante, const QString &nomPdf);
+    void ImprimeSur(QPrinter &imprimante);
+    [[nodiscard]] bool PeutQuitter();
+};

@@ -1,0 +1,140 @@
+#include "ramelierapp.h"
+
+#include "boites.h"
+#include "ficoptions.h"
+#include "ramelierdoc.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+const QString filtreXrlg = QStringLiteral("Fichiers au format XML (*.xrlg)");
+const QString titre = QStringLiteral("Ramelier 5.1 - ");
+constexpr int dureeMessage = 2000;
+
+} // namespace
+
+void RamelierApp::proposeSauvegarde(bool *continuer)
+{
+    Status(QStringLiteral("L'arbre affiché a été modifié, on vous laisse la possibilité de sauver les "
+                          "modifications"));
+    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauvegarde"),
+                                        QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
+                                                       "modifications ?"),
+                                        {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")},
+                                        0, 2);
+    if (reponse == 0) {
+        slotFileSave();
+        // A save that failed or was given up leaves the work in danger: the tree stays.
+        if (TravailNonSauve())
+            *continuer = false;
+    } else if (reponse != 1) {
+        *continuer = false;
+    }
+}
+
+bool RamelierApp::PeutAbandonnerLArbre()
+{
+    bool continuer = true;
+    if (TravailNonSauve())
+        proposeSauvegarde(&continuer);
+    return continuer;
+}
+
+void RamelierApp::MontreEchecDOuverture(const QString &status, const QString &texte)
+{
+    Status(status);
+    Boites::Information(this, QStringLiteral("Information"), texte);
+    Status(QStringLiteral("Prêt"));
+}
+
+void RamelierApp::slotFileOpen()
+{
+    if (!PeutAbandonnerLArbre())
+        return;
+    if (!enDemarrage) {
+        Status(QStringLiteral("Ouverture du fichier..."));
+        fichierArbre = QFileDialog::getOpenFileName(
+            this, QStringLiteral("Ouvrir"), dernierRep,
+            filtreXrlg + QStringLiteral(";; Fichiers anciennes versions (*.rlg)"));
+    }
+    if (fichierArbre.isEmpty()) {
+        Status(QStringLiteral("Echec à l'ouverture du fichier"), dureeMessage);
+        return;
+    }
+    if (!QFileInfo(fichierArbre).isFile()) {
+        MontreEchecDOuverture(QStringLiteral("le fichier n'exite pas"),
+                              QStringLiteral("Le fichier ") + fichierArbre + QStringLiteral(" n'existe pas"));
+        return;
+    }
+    dernierRep = QFileInfo(fichierArbre).absolutePath();
+    fichierOptions = CheminDesOptions(fichierArbre);
+    if (!doc->load(fichierArbre, dernierRep, fichierOptions, RamelierDoc::CibleArbre)) {
+        MontreEchecDOuverture(QStringLiteral("fichier incorrect"),
+                              QStringLiteral("Impossible de charger le fichier ") + fichierArbre);
+        return;
+    }
+    setWindowTitle(titre + fichierArbre);
+    Status(QStringLiteral("Arbre chargé : ") + fichierArbre, dureeMessage);
+    ActiveCommandesArbre();
+    PasseEnConsultation();
+    Status(QStringLiteral("Prêt"));
+    MaJStatusBarreInfoModif();
+}
+
+void RamelierApp::slotFileSave()
+{
+    if (doc->nomFichier.isEmpty()) {
+        slotFileSaveAs();
+        return;
+    }
+    Status(QStringLiteral("Enregistrement du fichier..."));
+    doc->save(fichierOptions);
+    Status(QStringLiteral("Prêt."));
+    MaJStatusBarreInfoModif();
+}
+
+bool RamelierApp::RefuseDeRemplacer(const QString &nom)
+{
+    if (!QFileInfo::exists(nom))
+        return false;
+    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauver sous..."),
+                                        QStringLiteral("Le fichier ") + nom
+                                            + QStringLiteral(" existe déjà  !!\nVoulez-vous vraiement le "
+                                                             "remplacer ??"),
+                                        {QStringLiteral("Oui"), QStringLiteral("Non")}, 1, 1);
+    if (reponse != 1)
+        return false;
+    Boites::Information(this, QStringLiteral("Information"),
+                        QStringLiteral("L'arbre n'a pas été enregistré sous le nouveau nom"));
+    Status(QStringLiteral("Prêt."));
+    return true;
+}
+
+void RamelierApp::slotFileSaveAs()
+{
+    Status(QStringLiteral("Enregistrement du fichier sous un nouveau nom..."));
+    const QString depart = fichierArbre.isEmpty() ? dernierRep + QStringLiteral("/nouveau") : fichierArbre;
+    QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), depart, filtreXrlg, nullptr,
+                                               QFileDialog::DontConfirmOverwrite);
+    if (nom.isEmpty()) {
+        Status(QStringLiteral("Echec à l'enregistrement du fichier"), dureeMessage);
+        Status(QStringLiteral("Prêt."));
+        return;
+    }
+    // A dot in a folder's name keeps the extension away too: deliberate.
+    if (nom.lastIndexOf(u'.') < 0)
+        nom += QStringLiteral(".xrlg");
+    if (RefuseDeRemplacer(nom))
+        return;
+    const bool avecOptions = !fichierOptions.isEmpty() && QFileInfo::exists(fichierOptions);
+    fichierArbre = nom;
+    dernierRep = QFileInfo(nom).absolutePath();
+    fichierOptions = CheminDesOptions(nom);
+    doc->saveAs(fichierArbre, fichierOptions, avecOptions);
+    setWindowTitle(titre + nom);
+    Status(QStringLiteral("Arbre sauvé sous : ") + nom, dureeMessage);
+    MaJStatusBarreInfoModif();
+    Status(QStringLiteral("Prêt."));
+}

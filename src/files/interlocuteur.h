@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+/// The one door to the user for code that knows no widget: readers and writers tell what went wrong through it.
+/// The desktop installs one that shows message boxes, a command line one that writes to its error stream.
+class Interlocuteur
+{
+public:
+    virtual ~Interlocuteur();
+
+    /// A refusal or a mistake in what was asked or read. Returns when the user has seen it.
+    virtual void Information(const QString &titre, const QString &texte) = 0;
+    /// A failure to read or write.
+    virtual void Avertissement(const QString &titre, const QString &texte) = 0;
+
+    /// The one installed; before any is, one that writes to the standard error stream.
+    [[nodiscard]] static Interlocuteur &Courant();
+    /// Installs \a interlocuteur for the rest of the program.
+    static void Installe(std::unique_ptr<Interlocuteur> interlocuteur);
+};

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "infoarbre.h"
+
+#include <QString>
+#include <QtGlobal>
+
+class InfoPersonne;
+class Personne;
+class QPainter;
+struct FormatsDessins;
+struct LesPolices;
+
+/// One ascending tree: a doubly linked list of Personne sorted by Sosa number, which it owns.
+/// Not thread-safe; never copied. Its operations check nothing but what is said here: callers keep the preconditions.
+class Arbre
+{
+public:
+    /// An empty title page and no person.
+    Arbre();
+    ~Arbre();
+    Q_DISABLE_COPY_MOVE(Arbre)
+
+    /// Appends \a personne at the tail without looking at its number, and counts it. Takes ownership. O(1).
+    /// The number of generations is left alone: readers take it from the file.
+    void AjouteALaFin(Personne *personne);
+    /// Inserts \a personne where its number belongs (at the tail when no place is found), counts it, and adds one
+    /// generation when it opens a new one. Takes ownership. O(n).
+    void AjouteASaPlace(Personne *personne);
+    /// Fills the parent pointers from the parent numbers; called once after a whole tree was read. Linear. A number that
+    /// nobody later in the list bears leaves its pointer none; each person becomes the parent of one child at most.
+    void DetermineLiensDeParente();
+    /// Creates the father (\a estPere) or the mother of \a enfant with empty data, links it to its child and to its own
+    /// parents where they stand in the list already, inserts it and returns it (it belongs to the tree).
+    /// Precondition: that parent is missing.
+    Personne *AjoutePersonne(Personne *enfant, bool estPere);
+    /// Deletes the selected person and leaves nothing selected. Does nothing without a selection or when it is the first
+    /// person. The number of generations falls, by one, only when the last person of the list goes and leaves its
+    /// generation empty.
+    void SupprimePersonne();
+    /// Replaces infoSauvee by a copy of the selected person's texts, its photo loaded from \a dossier; by none when
+    /// nothing is selected.
+    void SauveInfoPersonne(const QString &dossier);
+
+    /// Changes the selection after a click at the pixel (\a px, \a py); true when it changed. A click beside every box
+    /// clears the selection, a click in the selected box leaves it. O(n).
+    bool DeselectSelect(long px, long py, float sx, float sy, const FormatsDessins &formats);
+
+    /// Draws every person in list order, then the links. Where the painter clips, what lies outside is skipped: the
+    /// picture is the same. See Personne::Affiche for the arguments.
+    void Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
+                 const LesPolices &polices, bool arbreOuvert);
+    /// Draws the lines and arcs between each person and its parents.
+    void TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const;
+
+    InfoArbre *infoArbre;             ///< owned, always there
+    quint64 nombrePersonnes = 0;      ///< after a file was read: its written count plus its persons; never loop on it
+    Personne *premiere = nullptr;     ///< head of the list, owned with the persons behind it
+    Personne *derniere = nullptr;     ///< tail of the list
+    unsigned short nombreGenerations = 0;
+    Personne *selection = nullptr;
+    InfoPersonne *infoSauvee = nullptr;   ///< owned: a person's data kept for undo
+    Personne *enfantSansPere = nullptr;   ///< the child that lost its father, for undo
+    Personne *enfantSansMere = nullptr;   ///< the child that lost its mother, for undo
+
+private:
+    void Insere(Personne *personne);
+    void RetrouveSesParents(Personne *personne);
+    void DetacheDeSonEnfant(const Personne *parent);
+};

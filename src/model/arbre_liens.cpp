@@ -1,0 +1,78 @@
+#include "arbre.h"
+
+#include "personne.h"
+
+#include <QHash>
+
+#include <limits>
+
+namespace {
+
+/// The persons seen so far on a backward walk, by number. Where several bear one number, the last of the list counts.
+struct Porteur
+{
+    Personne *personne;
+    bool estParent = false;
+};
+
+Personne *PrendParent(QHash<quint64, Porteur> &porteurs, quint64 numero)
+{
+    if (numero == 0)
+        return nullptr;
+    const auto trouve = porteurs.find(numero);
+    if (trouve == porteurs.end() || trouve->estParent)
+        return nullptr;
+    trouve->estParent = true;
+    return trouve->personne;
+}
+
+} // namespace
+
+void Arbre::DetermineLiensDeParente()
+{
+    QHash<quint64, Porteur> porteurs;
+    for (Personne *personne = derniere; personne; personne = personne->precedente) {
+        personne->ptrPere = PrendParent(porteurs, personne->pere);
+        personne->ptrMere = PrendParent(porteurs, personne->mere);
+        if (!porteurs.contains(personne->numero))
+            porteurs.insert(personne->numero, {personne});
+    }
+}
+
+void Arbre::RetrouveSesParents(Personne *personne)
+{
+    if (personne->numero > std::numeric_limits<quint64>::max() / 2)
+        return;
+    const quint64 numeroPere = 2 * personne->numero;
+    for (Personne *candidate = personne->suivante; candidate; candidate = candidate->suivante) {
+        if (candidate->numero == numeroPere) {
+            personne->pere = candidate->numero;
+            personne->ptrPere = candidate;
+        } else if (candidate->numero == numeroPere + 1) {
+            personne->mere = candidate->numero;
+            personne->ptrMere = candidate;
+        }
+    }
+}
+
+void Arbre::DetacheDeSonEnfant(const Personne *parent)
+{
+    bool enfantTrouve = false;
+    for (Personne *personne = premiere; personne; personne = personne->suivante) {
+        if (!enfantTrouve && (personne->pere == parent->numero || personne->mere == parent->numero)) {
+            enfantTrouve = true;
+            if (parent->numero % 2 != 0)
+                personne->mere = 0;
+            else
+                personne->pere = 0;
+        }
+        if (personne->ptrPere == parent)
+            personne->ptrPere = nullptr;
+        if (personne->ptrMere == parent)
+            personne->ptrMere = nullptr;
+    }
+    if (enfantSansPere == parent)
+        enfantSansPere = nullptr;
+    if (enfantSansMere == parent)
+        enfantSansMere = nullptr;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+class Arbre;
+struct FormatsDessins;
+
+/// Places every person of \a arbre for one pair of scales (device pixels per millimetre): the oldest generation in the
+/// top row, the root in the bottom row, everybody centred under the parents and pushed right, with all ancestors, where
+/// boxes would overlap. Sets x and y of every person whose generation is counted by the tree.
+///
+/// One pass costs O(n); passes repeat until one moves nothing. A malformed tree (a generation out of order, parents in
+/// another order than their children, lengths that are not positive) might never come to rest: there the corrections
+/// stop after 100 passes.
+void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY);

@@ -1,0 +1,69 @@
+#include "ramelierdoc.h"
+
+#include "arbre.h"
+#include "ficarbre.h"
+#include "ficoptions.h"
+#include "ficxrlg.h"
+
+#include <utility>
+
+int RamelierDoc::OuvreFichierArbre(const QString &fileName, QString &repertoire)
+{
+    return LitFichierArbre(fileName, repertoire, arbre);
+}
+
+int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode)
+{
+    if (arbre) {
+        SupprimeArbre();
+        modifie = false;
+        optionsModifiees = false;
+    }
+    nomFichier.clear();
+    typeFichier = 0;
+    arbre = new Arbre;
+    if (OuvreFichierArbre(fileName, repertoire) != 0)
+        return 0;
+    if (mode == CiblePere) {
+        delete std::exchange(arbrePere, std::exchange(arbre, nullptr));
+    } else if (mode == CibleMere) {
+        delete std::exchange(arbreMere, std::exchange(arbre, nullptr));
+    } else if (mode == CibleArbre) {
+        if (optionsParArbre)
+            initPolicesEtTraits(fichierOptions);
+        else
+            initPolicesEtTraitsMini();
+        nomFichier = fileName;
+        arbreCharge = true;
+        Q_EMIT documentChanged(1);
+        modifie = false;
+        optionsModifiees = false;
+    }
+    return 1;
+}
+
+bool RamelierDoc::save(QString &fichierOptions)
+{
+    if (!arbre || !writeFicXRLG(nomFichier, arbre))
+        return false;
+    modifie = false;
+    if (optionsModifiees)
+        saveOptions(fichierOptions, &formats, &polices, OptionsParArbre);
+    optionsModifiees = false;
+    return true;
+}
+
+bool RamelierDoc::saveAs(const QString &fileName, QString &fichierOptions, bool avecOptions)
+{
+    if (!arbre)
+        return false;
+    typeFichier = 4;
+    if (!writeFicXRLG(fileName, arbre))
+        return false;
+    nomFichier = fileName;
+    modifie = false;
+    if (optionsModifiees || avecOptions)
+        saveOptions(fichierOptions, &formats, &polices, OptionsParArbre);
+    optionsModifiees = false;
+    return true;
+}

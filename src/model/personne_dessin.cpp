@@ -1,0 +1,164 @@
+#include "personne.h"
+
+#include "etatpeintre.h"
+#include "formatsdessins.h"
+#include "infopersonne.h"
+#include "lespolices.h"
+#include "unites.h"
+
+#include <QFont>
+#include <QStringList>
+
+namespace {
+
+constexpr int gras = 75;
+constexpr int normal = 50;
+constexpr int ecartSelection = 3;
+constexpr int rondeurMax = 99;
+
+/// Writes \a texte at the top of \a cadre, centred, whole words to a line; returns the height that it took.
+int EcritLigne(QPainter &peintre, const QRect &cadre, const QString &texte)
+{
+    const int drapeaux = Qt::AlignHCenter | Qt::TextWordWrap;
+    QRect mesure;
+    peintre.drawText(cadre, drapeaux | Qt::TextDontClip, texte, &mesure);
+    return mesure.height();
+}
+
+QString NomComplet(const InfoPersonne &info)
+{
+    return info.prenom.isEmpty() ? info.nom : info.prenom + u' ' + info.nom;
+}
+
+/// The lines of a box below its name, as one font draws them.
+QStringList DatesEtLieux(const InfoPersonne &info, bool avecLieux)
+{
+    QStringList lignes;
+    if (!info.datenaissance.isEmpty())
+        lignes += QStringLiteral("° ") + info.datenaissance;
+    if (avecLieux && !info.lieunaissance.isEmpty())
+        lignes += QStringLiteral("à ") + info.lieunaissance;
+    if (!info.datedeces.isEmpty())
+        lignes += QStringLiteral("+ ") + info.datedeces;
+    if (avecLieux && !info.lieudeces.isEmpty())
+        lignes += QStringLiteral("à ") + info.lieudeces;
+    return lignes;
+}
+
+void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const LesPolices &polices,
+                 bool arbreOuvert)
+{
+    const QFont textes = PoliceDessinable(polices.policeTextes);
+    const QString famille = textes.family();
+    const int taille = textes.pointSize();
+
+    const QString nom = NomComplet(info);
+    if (!nom.isEmpty()) {
+        peintre.setFont(FaitPolice(famille, taille, gras));
+        cadre.moveTop(cadre.top() + EcritLigne(peintre, cadre, nom));
+    }
+    peintre.setFont(FaitPolice(famille, taille, normal));
+    for (const QString &ligne : DatesEtLieux(info, arbreOuvert))
+        cadre.moveTop(cadre.top() + EcritLigne(peintre, cadre, ligne));
+    if (arbreOuvert && !info.divers.isEmpty()) {
+        peintre.setFont(FaitPolice(famille, taille, normal, true));
+        EcritLigne(peintre, cadre, info.divers);
+    }
+}
+
+/// \a photo brought to the size of a box, in its own proportions; never smaller than one pixel.
+QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
+{
+    const double facteur = qMin(double(largeur) / photo.width(), double(hauteur) / photo.height());
+    constexpr int coteMax = 32767;
+    const QSize taille(EntierBorne(photo.width() * facteur, 1, coteMax),
+                       EntierBorne(photo.height() * facteur, 1, coteMax));
+    const QSize proportionnee = photo.size().scaled(taille, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+    return photo.scaled(proportionnee, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+} // namespace
+
+void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
+                       const LesPolices &polices, bool arbreOuvert)
+{
+    if (!affichable)
+        return;
+    const EtatPeintre etat(*painter);
+    const long largeur = MaxLI(Px(formats.largeurCadre, sx), 1);
+    const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
+    const long marge = Px(formats.margeDansCadre, sx);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(QPen(formats.couleurTraits, formats.EpaisseurPx(sx), Qt::SolidLine));
+    if (arbreOuvert) {
+        const QRect cadre(Coordonnee(x), Coordonnee(y), Coordonnee(largeur), Coordonnee(hauteur));
+        painter->drawRoundedRect(cadre, EntierBorne(2 * formats.rayonArc * sx, 0, rondeurMax),
+                                 EntierBorne(2 * formats.rayonArc * sy, 0, rondeurMax), Qt::RelativeSize);
+    }
+    if (selectionnee && !impression)
+        TraceSelection(painter, sx, sy, true, formats);
+
+    painter->setPen(polices.couleurCaracteres);
+    painter->setFont(PoliceDessinable(polices.policeNumeros));
+    QRect textes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)),
+                 Coordonnee(hauteur));
+    QRect mesureNumero;
+    painter->drawText(textes, Qt::AlignHCenter | Qt::TextDontClip, QString::number(numero), &mesureNumero);
+    if (!info)
+        return;
+    if (arbreOuvert)
+        AffichePhoto(painter, sx, sy, impression, formats);
+    textes.moveTop(textes.top() + mesureNumero.height());
+    EcritTextes(*painter, textes, *info, polices, arbreOuvert);
+}
+
+void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats)
+{
+    if (!info || !info->aUnePhoto())
+        return;
+    const long largeur = MaxLI(Px(formats.largeurCadre, sx), 1);
+    const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
+    const int etatVoulu = impression ? InfoPersonne::PhotoPourImpression : InfoPersonne::PhotoPourEcran;
+    QImage &copie = impression ? info->photoImpression : info->photoEcran;
+    if (info->etatPhoto != etatVoulu) {
+        info->etatPhoto = InfoPersonne::PhotoAbsente;
+        // A screen may have several of its own pixels to one of ours: the copy is as fine as the screen.
+        const qreal finesse = impression ? 1.0 : painter->device()->devicePixelRatio();
+        copie = info->photo.isNull() ? QImage()
+                                     : CopieReduite(info->photo, static_cast<long>(double(largeur) * finesse),
+                                                    static_cast<long>(double(hauteur) * finesse));
+        copie.setDevicePixelRatio(finesse);
+        if (!copie.isNull())
+            info->etatPhoto = etatVoulu;
+    }
+    if (info->etatPhoto != etatVoulu)
+        return;
+    const int ecart = EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000,
+                                  1'000'000);
+    painter->drawImage(QPoint(Coordonnee(x + largeur + ecart), Coordonnee(y)), copie);
+}
+
+void Personne::TraceSelection(QPainter *painter, float sx, float sy, bool trace,
+                              const FormatsDessins &formats) const
+{
+    const EtatPeintre etat(*painter);
+    painter->setPen(QPen(trace ? Qt::blue : Qt::white, formats.EpaisseurPx(sx), Qt::DashLine));
+    const int gauche = Coordonnee(x - ecartSelection);
+    const int haut = Coordonnee(y - ecartSelection);
+    const int droite = Coordonnee(x + MaxLI(Px(formats.largeurCadre, sx), 1) + ecartSelection - 1);
+    const int bas = Coordonnee(y + MaxLI(Px(formats.hauteurCadre, sy), 1) + ecartSelection - 1);
+    const int tiers = (droite - gauche) / 3;
+    const int milieu = (gauche + droite) / 2;
+    // The middle third of the top edge stays free for the number.
+    painter->drawLine(gauche, haut, gauche + tiers, haut);
+    painter->drawLine(droite - tiers, haut, droite, haut);
+    painter->drawLine(droite, haut, droite, bas);
+    painter->drawLine(gauche, haut, gauche, bas);
+    painter->drawLine(gauche, bas, milieu, bas);
+    painter->drawLine(milieu, bas, droite, bas);
+}
+
+bool Personne::EstClique(long px, long py, float sx, float sy, const FormatsDessins &formats) const
+{
+    return x < px && px < x + Px(formats.largeurCadre, sx) && y < py && py < y + Px(formats.hauteurCadre, sy);
+}
