@@ -130,6 +130,8 @@ bool DessineSvg(Dessin &dessin, QIODevice &sortie)
     QPainter peintre;
     if (!peintre.begin(&svg))
         return false;
+    // A chart is drawn on paper, also in a viewer whose background is dark.
+    peintre.fillRect(QRect(QPoint(0, 0), taille), Qt::white);
     dessin.Peint(peintre);
     return peintre.end();
 }
