@@ -4,6 +4,8 @@
 #include "ramelierdoc.h"
 #include "ramelierview.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QIcon>
@@ -28,7 +30,7 @@ QSize TailleInitiale()
 
 RamelierApp::RamelierApp(int argc, char **argv)
 {
-    repApplication = QFileInfo(QString::fromLocal8Bit(argv[0])).absolutePath();
+    repApplication = QFileInfo(QFile::decodeName(argv[0])).absolutePath();
     repAide = repApplication + QStringLiteral("/AideRamelier");
     setWindowTitle(QStringLiteral("Ramelier 5.1"));
     setWindowIcon(QIcon(QStringLiteral(":/images/ramelier.png")));
@@ -44,7 +46,7 @@ RamelierApp::RamelierApp(int argc, char **argv)
     ConstruitMenusSurgissants();
     ConnecteLeDocument();
     if (argc >= 2) {
-        fichierArbre = QString::fromLocal8Bit(argv[1]);
+        fichierArbre = QFile::decodeName(argv[1]);
         slotFileOpen();
     }
     enDemarrage = false;
@@ -81,6 +83,11 @@ void RamelierApp::initStatusBar()
 void RamelierApp::Status(const QString &texte, int duree)
 {
     statusBar()->showMessage(texte, duree);
+}
+
+QString RamelierApp::DansDernierRep(const QString &nom) const
+{
+    return (dernierRep.isEmpty() ? QDir::currentPath() : dernierRep) + u'/' + nom;
 }
 
 bool RamelierApp::TravailNonSauve() const

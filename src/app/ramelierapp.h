@@ -149,6 +149,8 @@ private:
     void Remplit(QMenu *menu, std::initializer_list<QAction *> actions);
 
     void Status(const QString &texte, int duree = 0);
+    /// The path of \a nom in the last folder used, in the current one when there is none yet.
+    [[nodiscard]] QString DansDernierRep(const QString &nom) const;
     [[nodiscard]] bool TravailNonSauve() const;
     [[nodiscard]] bool PeutAbandonnerLArbre();
     void PasseEnConsultation();

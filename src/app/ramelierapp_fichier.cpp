@@ -115,7 +115,7 @@ bool RamelierApp::RefuseDeRemplacer(const QString &nom)
 void RamelierApp::slotFileSaveAs()
 {
     Status(QStringLiteral("Enregistrement du fichier sous un nouveau nom..."));
-    const QString depart = fichierArbre.isEmpty() ? dernierRep + QStringLiteral("/nouveau") : fichierArbre;
+    const QString depart = fichierArbre.isEmpty() ? DansDernierRep(QStringLiteral("nouveau")) : fichierArbre;
     QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), depart, filtreXrlg, nullptr,
                                                QFileDialog::DontConfirmOverwrite);
     if (nom.isEmpty()) {

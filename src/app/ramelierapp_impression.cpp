@@ -6,7 +6,6 @@
 #include "ramelierdoc.h"
 #include "unites.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
@@ -23,7 +22,7 @@ bool RamelierApp::ChoisitImprimante(QPrinter &imprimante, const QString &nomPdf)
     // The dialog keeps in its own field the file name that the printer has while it is constructed, and then takes
     // that name away from a printer that prints on paper.
     if (reponse == Imprimante) {
-        imprimante.setOutputFileName(QDir(nomPdf).absolutePath());
+        imprimante.setOutputFileName(nomPdf);
         QPrintDialog dialogue(&imprimante);
         imprimante.setOutputFileName(QString());
         dialogue.exec();
@@ -63,10 +62,10 @@ void RamelierApp::slotFilePrint()
 {
     Status(QStringLiteral("Impression..."));
     QPrinter imprimante(QPrinter::ScreenResolution);
-    const QString nomPdf =
-        dernierRep
-        + (fichierArbre.isEmpty() ? QStringLiteral("/fichier.pdf")
-                                  : u'/' + QFileInfo(fichierArbre).baseName() + QStringLiteral(".pdf"));
+    if (doc->arbre)
+        imprimante.setDocName(doc->arbre->infoArbre->titrearbre);
+    const QString nom = fichierArbre.isEmpty() ? QStringLiteral("fichier") : QFileInfo(fichierArbre).baseName();
+    const QString nomPdf = DansDernierRep(nom + QStringLiteral(".pdf"));
     if (ChoisitImprimante(imprimante, nomPdf))
         ImprimeSur(imprimante);
     Status(QStringLiteral("Prêt."));
