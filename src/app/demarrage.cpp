@@ -26,7 +26,7 @@ void ParleFrancais(QApplication &application)
         QCoreApplication::installTranslator(traducteur);
 }
 
-} // namespace
+}  // namespace
 
 void PrepareLApplication(QApplication &application)
 {

@@ -26,7 +26,7 @@ QSize TailleInitiale()
     return bureau.width() > 800 && bureau.height() > 600 ? QSize(800, 600) : QSize(600, 440);
 }
 
-} // namespace
+}  // namespace
 
 RamelierApp::RamelierApp(int argc, char **argv)
 {

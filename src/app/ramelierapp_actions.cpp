@@ -42,8 +42,7 @@ void RamelierApp::initActions()
     using App = RamelierApp;
     // Member, text, shortcut, icon, status tip, what's this, slot. Some texts look odd; they are meant to be as they are.
     static const DefAction actions[] = {
-        {&App::actFileNew, "&Nouveau", "Ctrl+N", ":/images/filenew.png",
-         "Création d'un nouvel arbre généalogique",
+        {&App::actFileNew, "&Nouveau", "Ctrl+N", ":/images/filenew.png", "Création d'un nouvel arbre généalogique",
          "Nouveau\n\nCréation d'un nouvel arbre généalogique", &App::slotFileNew},
         {&App::actFileOpen, "&Ouvrir", "Ctrl+O", ":/images/fileopen.png",
          "Ouvre le fichier d'un arbre existant (extension .xrlg ou .rlg)",
@@ -51,13 +50,12 @@ void RamelierApp::initActions()
         {&App::actFileSave, "&Sauver", "Ctrl+S", ":/images/filesave.png",
          "Enregistre l'arbre affiché (dans un fichier .xrlg)",
          "Sauver\n\nEnregistre l'arbre affiché (dans un fichier .xrlg)", &App::slotFileSave},
-        {&App::actFileSaveAs, "Sau&ver sous...", "", "",
-         "Enregistre l'arbre affiché dans un autre fichier .xrlg",
+        {&App::actFileSaveAs, "Sau&ver sous...", "", "", "Enregistre l'arbre affiché dans un autre fichier .xrlg",
          "Sauver sous\n\nEnregistre l'arbre affiché dans un autre fichier .xrlg", &App::slotFileSaveAs},
         {&App::actFilePrint, "&Imprimer...", "Ctrl+P", ":/images/printer.png", "Imprime l'arbre affiché",
          "Imprimer\n\nImprime l'arbre affiché", &App::slotFilePrint},
-        {&App::actFileQuit, "&Quitter", "Ctrl+Q", "", "Quitte l'application",
-         "Quitter\n\nQuitte l'application", &App::slotFileQuit},
+        {&App::actFileQuit, "&Quitter", "Ctrl+Q", "", "Quitte l'application", "Quitter\n\nQuitte l'application",
+         &App::slotFileQuit},
         {&App::actAnnuler, "&Annuler", "", "", "Annule l'opération d'édition précédente",
          "Annuler\n\nAnnule l'opération d'édition précédente", &App::slotAnnuler},
         {&App::actModifier, "&Modifier la personne sélectionnée", "", "", "Modifier la personne sélectionnée",
@@ -83,8 +81,7 @@ void RamelierApp::initActions()
          "Options de dessin\n\nDéfinir l'épaisseur des traits,\nles dimensions des cadres, \n"
          "les distances entre cadres\n(pour l'arbre ouvert)",
          &App::slotFormatsDessins},
-        {&App::actPoliceCaract, "Caractères...", "", "",
-         "Définition des polices de caractères (pour l'arbre ouvert)",
+        {&App::actPoliceCaract, "Caractères...", "", "", "Définition des polices de caractères (pour l'arbre ouvert)",
          "Caractères\n\nDéfinir les polices et les tailles des caractères\n(pour l'arbre ouvert)",
          &App::slotPoliceCaract},
         {&App::actPreferences, "Préférences...", "", "", "Préférences pour polices et dessins",
@@ -104,8 +101,7 @@ void RamelierApp::initActions()
          "Barre de statut\n\nActive/désactive la barre de statut", nullptr, &App::slotViewStatusBar},
         {&App::actModeAffichage, "Affichage complet de l'arbre", "", "",
          "Passer du mode Affichage complet au mode Affichage réduit et vice-versa",
-         "Passer du mode Affichage complet au mode Affichage réduit et vice-versa", nullptr,
-         &App::slotModeAffichage},
+         "Passer du mode Affichage complet au mode Affichage réduit et vice-versa", nullptr, &App::slotModeAffichage},
         {&App::actAssembleArbres, "Assembler deux arbres...", "", "",
          "Créer un arbre à partir des arbres du père et de la mère",
          "Assembler deux arbres\n\nPermet de créer automatiquement un arbre à partir des arbres du père et de "

@@ -23,7 +23,7 @@ bool AUneFiche(const Personne &personne)
     return personne.info && !personne.info->fichtml.isEmpty();
 }
 
-} // namespace
+}  // namespace
 
 void RamelierApp::resetMenus()
 {
@@ -35,9 +35,9 @@ void RamelierApp::resetMenus()
 
 void RamelierApp::ActiveCommandesArbre()
 {
-    Active({actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actExporteGED, actPoliceCaract,
-            actFormatsDessins},
-           true);
+    Active(
+        {actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actExporteGED, actPoliceCaract, actFormatsDessins},
+        true);
 }
 
 void RamelierApp::ActiveCommandesPersonne()
@@ -85,9 +85,9 @@ void RamelierApp::PasseEnConsultation()
 void RamelierApp::slotPersonneSelectionnee(int etat)
 {
     if (etat == 0) {
-        Active({actModifier, actSuppPers, actAjouterPere, actAjouterMere, actAffFicheHTML, actEditFicheHTML,
-                actAnnuler},
-               false);
+        Active(
+            {actModifier, actSuppPers, actAjouterPere, actAjouterMere, actAffFicheHTML, actEditFicheHTML, actAnnuler},
+            false);
     } else if (etat == 1 && modeConsultation) {
         actAffFicheHTML->setEnabled(AUneFiche(*doc->arbre->selection));
         return;

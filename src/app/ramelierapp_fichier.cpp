@@ -13,17 +13,17 @@ const QString filtreXrlg = QStringLiteral("Fichiers au format XML (*.xrlg)");
 const QString titre = QStringLiteral("Ramelier 5.1 - ");
 constexpr int dureeMessage = 2000;
 
-} // namespace
+}  // namespace
 
 void RamelierApp::proposeSauvegarde(bool *continuer)
 {
     Status(QStringLiteral("L'arbre affiché a été modifié, on vous laisse la possibilité de sauver les "
                           "modifications"));
-    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauvegarde"),
-                                        QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
-                                                       "modifications ?"),
-                                        {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")},
-                                        0, 2);
+    const int reponse =
+        Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauvegarde"),
+                        QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
+                                       "modifications ?"),
+                        {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")}, 0, 2);
     if (reponse == 0) {
         slotFileSave();
         // A save that failed or was given up leaves the work in danger: the tree stays.
@@ -55,9 +55,9 @@ void RamelierApp::slotFileOpen()
         return;
     if (!enDemarrage) {
         Status(QStringLiteral("Ouverture du fichier..."));
-        fichierArbre = QFileDialog::getOpenFileName(
-            this, QStringLiteral("Ouvrir"), dernierRep,
-            filtreXrlg + QStringLiteral(";; Fichiers anciennes versions (*.rlg)"));
+        fichierArbre =
+            QFileDialog::getOpenFileName(this, QStringLiteral("Ouvrir"), dernierRep,
+                                         filtreXrlg + QStringLiteral(";; Fichiers anciennes versions (*.rlg)"));
     }
     if (fichierArbre.isEmpty()) {
         Status(QStringLiteral("Echec à l'ouverture du fichier"), dureeMessage);

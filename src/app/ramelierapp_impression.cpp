@@ -14,11 +14,11 @@
 bool RamelierApp::ChoisitImprimante(QPrinter &imprimante, const QString &nomPdf)
 {
     enum Reponse { Imprimante, FichierPdf };
-    const int reponse = Boites::Demande(
-        this, QMessageBox::Question, QStringLiteral("Choix du mode d'impression"),
-        QStringLiteral("Imprimer sur imprimante OU dans un fichier pdf ?"),
-        {QStringLiteral("Imprimante"), QStringLiteral("Fichier pdf"), QStringLiteral("Annuler")}, 0,
-        Boites::sansEchappement);
+    const int reponse =
+        Boites::Demande(this, QMessageBox::Question, QStringLiteral("Choix du mode d'impression"),
+                        QStringLiteral("Imprimer sur imprimante OU dans un fichier pdf ?"),
+                        {QStringLiteral("Imprimante"), QStringLiteral("Fichier pdf"), QStringLiteral("Annuler")}, 0,
+                        Boites::sansEchappement);
     // The dialog keeps in its own field the file name that the printer has while it is constructed, and then takes
     // that name away from a printer that prints on paper.
     if (reponse == Imprimante) {

@@ -11,7 +11,7 @@ namespace {
 /// A separator in the tables of menu entries.
 constexpr QAction *separateur = nullptr;
 
-} // namespace
+}  // namespace
 
 void RamelierApp::Remplit(QMenu *menu, std::initializer_list<QAction *> actions)
 {
@@ -26,16 +26,18 @@ void RamelierApp::Remplit(QMenu *menu, std::initializer_list<QAction *> actions)
 void RamelierApp::initMenuBar()
 {
     menuFichier = menuBar()->addMenu(QStringLiteral("&Fichier"));
-    Remplit(menuFichier, {actFileNew, actFileOpen, actFileSave, actFileSaveAs, separateur, actFilePrint, separateur,
-                          actFileQuit});
+    Remplit(menuFichier,
+            {actFileNew, actFileOpen, actFileSave, actFileSaveAs, separateur, actFilePrint, separateur, actFileQuit});
     menuEdition = menuBar()->addMenu(QStringLiteral("&Edition"));
-    Remplit(menuEdition, {actAnnuler, separateur, actModifier, actAjouterPere, actAjouterMere, separateur,
-                          actSuppPers, separateur, actEditFicheHTML, separateur, actEditPdG});
+    Remplit(menuEdition,
+            {actAnnuler, separateur, actModifier, actAjouterPere, actAjouterMere, separateur, actSuppPers, separateur,
+             actEditFicheHTML, separateur, actEditPdG});
     menuFormat = menuBar()->addMenu(QStringLiteral("Forma&t"));
     Remplit(menuFormat, {actFormatsDessins, actPoliceCaract, separateur, actPreferences});
     menuAffichage = menuBar()->addMenu(QStringLiteral("Affichage"));
-    Remplit(menuAffichage, {actModeTravail, separateur, actAffFicheHTML, separateur, actViewToolBar,
-                            actViewStatusBar, separateur, actModeAffichage});
+    Remplit(menuAffichage,
+            {actModeTravail, separateur, actAffFicheHTML, separateur, actViewToolBar, actViewStatusBar, separateur,
+             actModeAffichage});
     menuOutils = menuBar()->addMenu(QStringLiteral("Outils"));
     Remplit(menuOutils, {actAssembleArbres, separateur, actExporteGED, actImporteGED});
     menuAide = menuBar()->addMenu(QStringLiteral("&Aide"));
@@ -56,11 +58,13 @@ void RamelierApp::initToolBar()
 void RamelierApp::ConstruitMenusSurgissants()
 {
     popupGeneral = new QMenu;
-    Remplit(popupGeneral, {actModeTravail, separateur, actEditPdG, separateur, actFormatsDessins, actPoliceCaract,
-                           separateur, actAide});
+    Remplit(
+        popupGeneral,
+        {actModeTravail, separateur, actEditPdG, separateur, actFormatsDessins, actPoliceCaract, separateur, actAide});
     popupPersonne = new QMenu;
-    Remplit(popupPersonne, {actAnnuler, separateur, actModifier, actAjouterPere, actAjouterMere, separateur,
-                            actSuppPers, separateur, actAffFicheHTML, actEditFicheHTML, separateur, actAide});
+    Remplit(popupPersonne,
+            {actAnnuler, separateur, actModifier, actAjouterPere, actAjouterMere, separateur, actSuppPers, separateur,
+             actAffFicheHTML, actEditFicheHTML, separateur, actAide});
 }
 
 void RamelierApp::slotMenuSurgissant(int k)

@@ -7,11 +7,11 @@
 
 bool RamelierApp::queryExit()
 {
-    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Quitter..."),
-                                        QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
-                                                       "modifications avant de quitter ?"),
-                                        {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")},
-                                        0, 2);
+    const int reponse =
+        Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Quitter..."),
+                        QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
+                                       "modifications avant de quitter ?"),
+                        {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")}, 0, 2);
     if (reponse == 0)
         slotFileSave();
     return reponse == 0 || reponse == 1;

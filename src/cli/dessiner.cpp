@@ -80,8 +80,8 @@ bool DessinePdf(Dessin &dessin, QIODevice &sortie)
 {
     QPdfWriter pdf(&sortie);
     // The page of a printer that nobody has set up: A4 with margins of ten points.
-    pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(10, 10, 10, 10),
-                                  QPageLayout::Point));
+    pdf.setPageLayout(
+        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(10, 10, 10, 10), QPageLayout::Point));
     pdf.setResolution(pointsParPouce);
     pdf.setTitle(dessin.arbre.infoArbre->titrearbre);
     pdf.setCreator(QStringLiteral("Ramelier"));
@@ -136,11 +136,11 @@ bool DessineSvg(Dessin &dessin, QIODevice &sortie)
     return peintre.end();
 }
 
-} // namespace
+}  // namespace
 
 bool FormatDeDessinConnu(const QString &sortie)
 {
-    return QStringList {QStringLiteral("pdf"), QStringLiteral("png"), QStringLiteral("svg")}.contains(Suffixe(sortie));
+    return QStringList{QStringLiteral("pdf"), QStringLiteral("png"), QStringLiteral("svg")}.contains(Suffixe(sortie));
 }
 
 bool Dessiner(const QString &fichierArbre, const QString &sortie)

@@ -9,7 +9,7 @@ void EcritUneLigne(QString texte)
     std::fprintf(stderr, "ramelier-cli : %s\n", qUtf8Printable(texte.replace(u'\n', u' ')));
 }
 
-} // namespace
+}  // namespace
 
 void InterlocuteurConsole::Information(const QString & /*titre*/, const QString &texte)
 {

@@ -34,7 +34,7 @@ int ExecuteCommande(const QStringList &arguments)
     return Dessiner(arguments.at(1), arguments.at(2)) ? Fait : NonFait;
 }
 
-} // namespace
+}  // namespace
 
 int main(int argc, char **argv)
 {

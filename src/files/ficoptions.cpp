@@ -14,14 +14,14 @@
 namespace {
 
 /// The whole lengths in the order of the file.
-constexpr std::array<int FormatsDessins::*, 7> longueurs {
-    &FormatsDessins::largeurCadre,  &FormatsDessins::hauteurCadre,   &FormatsDessins::distMinHoriz,
-    &FormatsDessins::distMinVert,   &FormatsDessins::margeGenerale,  &FormatsDessins::margeDansCadre,
+constexpr std::array<int FormatsDessins::*, 7> longueurs{
+    &FormatsDessins::largeurCadre,    &FormatsDessins::hauteurCadre,  &FormatsDessins::distMinHoriz,
+    &FormatsDessins::distMinVert,     &FormatsDessins::margeGenerale, &FormatsDessins::margeDansCadre,
     &FormatsDessins::intervCadrePhoto};
 
 /// The fonts with weight and slope, in the order of the file, which is not the one of LesPolices.
-constexpr std::array<QFont LesPolices::*, 3> policesCompletes {
-    &LesPolices::policeNumeros, &LesPolices::policeLegende, &LesPolices::policeTitre};
+constexpr std::array<QFont LesPolices::*, 3> policesCompletes{&LesPolices::policeNumeros, &LesPolices::policeLegende,
+                                                              &LesPolices::policeTitre};
 
 int LitEntier(QTextStream &flux)
 {
@@ -92,7 +92,7 @@ void EcritValeurs(QTextStream &flux, const FormatsDessins &formats, const LesPol
     EcritCouleur(flux, polices.couleurCaracteres);
 }
 
-} // namespace
+}  // namespace
 
 bool LitOptions(const QString &fichier, FormatsDessins *formats, LesPolices *polices)
 {

@@ -70,10 +70,7 @@ private:
         tampon.append('<').append(balise).append('>');
     }
 
-    void Ferme(const char *balise)
-    {
-        tampon.append("</").append(balise).append(">\n");
-    }
+    void Ferme(const char *balise) { tampon.append("</").append(balise).append(">\n"); }
 
     void Vide()
     {
@@ -126,7 +123,7 @@ void EcritPersonne(LignesXRLG &lignes, const Personne &personne)
     lignes.Ligne(2, "</personne>");
 }
 
-} // namespace
+}  // namespace
 
 bool EcritArbreXRLG(QIODevice &sortie, const Arbre &arbre)
 {

@@ -25,7 +25,7 @@ std::unique_ptr<Interlocuteur> &Place()
     return courant;
 }
 
-} // namespace
+}  // namespace
 
 Interlocuteur::~Interlocuteur() = default;
 

@@ -14,9 +14,11 @@ constexpr int profondeurMax = 200;
 
 const QHash<QString, QString InfoArbre::*> &TextesArbre()
 {
-    static const QHash<QString, QString InfoArbre::*> textes {
-        {QStringLiteral("titrearbre"), &InfoArbre::titrearbre}, {QStringLiteral("creepar"), &InfoArbre::creepar},
-        {QStringLiteral("date"), &InfoArbre::date},             {QStringLiteral("majpar"), &InfoArbre::majpar},
+    static const QHash<QString, QString InfoArbre::*> textes{
+        {QStringLiteral("titrearbre"), &InfoArbre::titrearbre},
+        {QStringLiteral("creepar"), &InfoArbre::creepar},
+        {QStringLiteral("date"), &InfoArbre::date},
+        {QStringLiteral("majpar"), &InfoArbre::majpar},
         {QStringLiteral("datemaj"), &InfoArbre::datemaj},
     };
     return textes;
@@ -24,7 +26,7 @@ const QHash<QString, QString InfoArbre::*> &TextesArbre()
 
 const QHash<QString, QString InfoPersonne::*> &TextesPersonne()
 {
-    static const QHash<QString, QString InfoPersonne::*> textes {
+    static const QHash<QString, QString InfoPersonne::*> textes{
         {QStringLiteral("nom"), &InfoPersonne::nom},
         {QStringLiteral("prenom"), &InfoPersonne::prenom},
         {QStringLiteral("datenaissance"), &InfoPersonne::datenaissance},
@@ -40,7 +42,7 @@ const QHash<QString, QString InfoPersonne::*> &TextesPersonne()
 
 const QHash<QString, quint64 Personne::*> &NombresPersonne()
 {
-    static const QHash<QString, quint64 Personne::*> nombres {
+    static const QHash<QString, quint64 Personne::*> nombres{
         {QStringLiteral("numero"), &Personne::numero},
         {QStringLiteral("pere"), &Personne::pere},
         {QStringLiteral("mere"), &Personne::mere},
@@ -49,7 +51,7 @@ const QHash<QString, quint64 Personne::*> &NombresPersonne()
     return nombres;
 }
 
-} // namespace
+}  // namespace
 
 XrlgHandler::XrlgHandler(Arbre *aRemplir, QString &dossier)
     : arbre(aRemplir)
@@ -65,8 +67,8 @@ bool XrlgHandler::Refuse(const QString &message)
     return false;
 }
 
-bool XrlgHandler::startElement(const QString & /*namespaceURI*/, const QString & /*localName*/,
-                               const QString &qName, const QXmlAttributes &attributes)
+bool XrlgHandler::startElement(const QString & /*namespaceURI*/, const QString & /*localName*/, const QString &qName,
+                               const QXmlAttributes &attributes)
 {
     if ((!baliseRacineVue && qName != u"xrlg") || ++profondeur > profondeurMax)
         return Refuse(QStringLiteral("Le fichier n'est pas un fichier XRLG."));
@@ -94,8 +96,7 @@ bool XrlgHandler::endElement(const QString & /*namespaceURI*/, const QString & /
     } else if (qName == u"infopersonne") {
         InfoPersonne *info = personneCourante ? personneCourante->info : nullptr;
         if (info && !info->ficphoto.isEmpty())
-            info->etatPhoto = info->ChargePhoto(repertoire) ? InfoPersonne::PhotoChargee
-                                                            : InfoPersonne::PhotoAbsente;
+            info->etatPhoto = info->ChargePhoto(repertoire) ? InfoPersonne::PhotoChargee : InfoPersonne::PhotoAbsente;
     } else if (qName == u"arbre" && arbre->nombrePersonnes >= 2) {
         arbre->DetermineLiensDeParente();
     }

@@ -33,7 +33,7 @@ private:
     bool EcritTextePersonne(const QString &balise);
     bool EcritNombre(const QString &balise);
 
-    QString texteCourant;   ///< characters since the last start tag
+    QString texteCourant;  ///< characters since the last start tag
     QString messageErreur;
     bool baliseRacineVue = false;
     Arbre *arbre;

@@ -97,10 +97,10 @@ void Arbre::SauveInfoPersonne(const QString &dossier)
         return;
     }
     const InfoPersonne &info = *selection->info;
-    infoSauvee = new InfoPersonne(info.nom, info.prenom, info.datenaissance, info.lieunaissance, info.datedeces,
-                                  info.lieudeces, info.divers, info.fichtml, info.ficphoto,
-                                  InfoPersonne::PhotoNonEssayee);
+    infoSauvee =
+        new InfoPersonne(info.nom, info.prenom, info.datenaissance, info.lieunaissance, info.datedeces, info.lieudeces,
+                         info.divers, info.fichtml, info.ficphoto, InfoPersonne::PhotoNonEssayee);
     if (!infoSauvee->ficphoto.isEmpty())
-        infoSauvee->etatPhoto = infoSauvee->ChargePhoto(dossier) ? InfoPersonne::PhotoChargee
-                                                                 : InfoPersonne::PhotoAbsente;
+        infoSauvee->etatPhoto =
+            infoSauvee->ChargePhoto(dossier) ? InfoPersonne::PhotoChargee : InfoPersonne::PhotoAbsente;
 }

@@ -53,15 +53,15 @@ public:
     /// Draws the lines and arcs between each person and its parents.
     void TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const;
 
-    InfoArbre *infoArbre;             ///< owned, always there
-    quint64 nombrePersonnes = 0;      ///< after a file was read: its written count plus its persons; never loop on it
-    Personne *premiere = nullptr;     ///< head of the list, owned with the persons behind it
-    Personne *derniere = nullptr;     ///< tail of the list
+    InfoArbre *infoArbre;          ///< owned, always there
+    quint64 nombrePersonnes = 0;   ///< after a file was read: its written count plus its persons; never loop on it
+    Personne *premiere = nullptr;  ///< head of the list, owned with the persons behind it
+    Personne *derniere = nullptr;  ///< tail of the list
     unsigned short nombreGenerations = 0;
     Personne *selection = nullptr;
-    InfoPersonne *infoSauvee = nullptr;   ///< owned: a person's data kept for undo
-    Personne *enfantSansPere = nullptr;   ///< the child that lost its father, for undo
-    Personne *enfantSansMere = nullptr;   ///< the child that lost its mother, for undo
+    InfoPersonne *infoSauvee = nullptr;  ///< owned: a person's data kept for undo
+    Personne *enfantSansPere = nullptr;  ///< the child that lost its father, for undo
+    Personne *enfantSansMere = nullptr;  ///< the child that lost its mother, for undo
 
 private:
     void Insere(Personne *personne);

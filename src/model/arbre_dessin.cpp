@@ -114,10 +114,10 @@ private:
     int ry;
     long demiLargeur;  ///< from a box's left edge to its middle
     long hauteur;
-    long versMilieu;   ///< from a box's top edge to half-way between its row and the next
+    long versMilieu;  ///< from a box's top edge to half-way between its row and the next
 };
 
-} // namespace
+}  // namespace
 
 void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                     const LesPolices &polices, bool arbreOuvert)
@@ -134,12 +134,12 @@ void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, cons
 void Arbre::TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const
 {
     const EtatPeintre etat(*painter);
-    painter->setPen(QPen(QBrush(formats.couleurTraits), formats.EpaisseurPx(sx), Qt::SolidLine, Qt::SquareCap,
-                         Qt::BevelJoin));
+    painter->setPen(
+        QPen(QBrush(formats.couleurTraits), formats.EpaisseurPx(sx), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     painter->setBrush(Qt::NoBrush);
     const TraceurDeLiaisons traceur(*painter, sx, sy, formats);
     // The parents of the top generation cannot be in the tree.
-    for (const Personne *personne = premiere;
-         personne && personne->numerogeneration != nombreGenerations - 1; personne = personne->suivante)
+    for (const Personne *personne = premiere; personne && personne->numerogeneration != nombreGenerations - 1;
+         personne = personne->suivante)
         traceur.Trace(*personne);
 }

@@ -26,7 +26,7 @@ Personne *PrendParent(QHash<quint64, Porteur> &porteurs, quint64 numero)
     return trouve->personne;
 }
 
-} // namespace
+}  // namespace
 
 void Arbre::DetermineLiensDeParente()
 {

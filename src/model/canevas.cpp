@@ -66,7 +66,7 @@ void PlaceTitre(Canevas &canevas, long largeurBloc, const Arbre &arbre, const Fo
     canevas.yLegende2 = y0 + 3 * canevas.hauteurLigneTitre;
 }
 
-} // namespace
+}  // namespace
 
 void CalculeCanevas(Canevas &canevas, QPainter &peintre, const Arbre &arbre, const FormatsDessins &formats,
                     const LesPolices &polices, float sx, float sy)

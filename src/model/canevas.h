@@ -15,9 +15,9 @@ struct Canevas
     long hauteurCanevas = 0;
     bool canevasCalcule = false;  ///< false after the tree changed: measure again before drawing
     long xTitre = 0;
-    long yTitre = 0;     ///< baseline of the title
-    long yLegende1 = 0;  ///< baseline of the creation line
-    long yLegende2 = 0;  ///< baseline of the update line
+    long yTitre = 0;             ///< baseline of the title
+    long yLegende1 = 0;          ///< baseline of the creation line
+    long yLegende2 = 0;          ///< baseline of the update line
     long hauteurLigneTitre = 0;  ///< of the last title measured
 };
 

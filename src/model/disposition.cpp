@@ -53,7 +53,7 @@ long PxBorne(long millimetres, float echelle)
     return MaxLI(-limite, MinLI(Px(millimetres, echelle), limite));
 }
 
-} // namespace
+}  // namespace
 
 Disposition::Disposition(Arbre &aDisposer, const FormatsDessins &formats, float echelleX, float echelleY)
     : arbre(aDisposer)

@@ -32,7 +32,7 @@ QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
 /// Last letter of the Latin blocks: up to it no letter is wider than a line is high, and lines break beside letters only.
 constexpr char16_t derniereLatine = u'\u024F';
 
-} // namespace
+}  // namespace
 
 Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, const FormatsDessins &formats,
                            const LesPolices &polices)

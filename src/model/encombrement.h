@@ -26,11 +26,11 @@ public:
     /// From the words of the texts; a closer bound for texts in Latin letters.
     [[nodiscard]] Debords DebordsFins(const InfoPersonne &info) const;
 
-    long largeurCadre;   ///< W
-    long hauteurCadre;   ///< H
-    long tour;           ///< what lines and selection mark need around the box
-    long ecartPhoto;     ///< from the box to its photo
-    long coteDuNumero;   ///< what the longest number needs on each side of the box
+    long largeurCadre;  ///< W
+    long hauteurCadre;  ///< H
+    long tour;          ///< what lines and selection mark need around the box
+    long ecartPhoto;    ///< from the box to its photo
+    long coteDuNumero;  ///< what the longest number needs on each side of the box
 
 private:
     [[nodiscard]] Debords DebordsDe(long lignes, long plusLongMot, long largeurLettre) const;

@@ -9,10 +9,10 @@ class InfoPersonne
 public:
     /// Values of etatPhoto.
     enum EtatPhoto : int {
-        PhotoNonEssayee = -1,  ///< not yet tried
-        PhotoAbsente = 0,      ///< none that can be used
-        PhotoChargee = 1,      ///< photo holds it as loaded
-        PhotoPourEcran = 2,    ///< photoEcran holds a valid copy scaled for the screen
+        PhotoNonEssayee = -1,     ///< not yet tried
+        PhotoAbsente = 0,         ///< none that can be used
+        PhotoChargee = 1,         ///< photo holds it as loaded
+        PhotoPourEcran = 2,       ///< photoEcran holds a valid copy scaled for the screen
         PhotoPourImpression = 3,  ///< photoImpression holds a valid copy scaled for printing
     };
 

@@ -6,20 +6,20 @@
 
 namespace {
 
-constexpr std::array<std::pair<int, QFont::Weight>, 9> poidsConnus {{{0, QFont::Thin},
-                                                                     {12, QFont::ExtraLight},
-                                                                     {25, QFont::Light},
-                                                                     {50, QFont::Normal},
-                                                                     {57, QFont::Medium},
-                                                                     {63, QFont::DemiBold},
-                                                                     {75, QFont::Bold},
-                                                                     {81, QFont::ExtraBold},
-                                                                     {87, QFont::Black}}};
+constexpr std::array<std::pair<int, QFont::Weight>, 9> poidsConnus{{{0, QFont::Thin},
+                                                                    {12, QFont::ExtraLight},
+                                                                    {25, QFont::Light},
+                                                                    {50, QFont::Normal},
+                                                                    {57, QFont::Medium},
+                                                                    {63, QFont::DemiBold},
+                                                                    {75, QFont::Bold},
+                                                                    {81, QFont::ExtraBold},
+                                                                    {87, QFont::Black}}};
 
 constexpr int poidsNormal = 50;
 constexpr int poidsGras = 75;
 
-} // namespace
+}  // namespace
 
 QFont::Weight PoidsDePolice(int poidsSurCent)
 {

@@ -54,7 +54,7 @@ public:
     InfoPersonne *info = nullptr;     ///< owned
     bool affichable = true;           ///< false: skipped by all drawing
     bool selectionnee = false;
-    Personne *suivante = nullptr;     ///< owned: the rest of the list
+    Personne *suivante = nullptr;  ///< owned: the rest of the list
     Personne *precedente = nullptr;
     Personne *ptrPere = nullptr;
     Personne *ptrMere = nullptr;

@@ -45,8 +45,7 @@ QStringList DatesEtLieux(const InfoPersonne &info, bool avecLieux)
     return lignes;
 }
 
-void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const LesPolices &polices,
-                 bool arbreOuvert)
+void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const LesPolices &polices, bool arbreOuvert)
 {
     const QFont textes = PoliceDessinable(polices.policeTextes);
     const QString famille = textes.family();
@@ -77,7 +76,7 @@ QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
     return photo.scaled(proportionnee, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-} // namespace
+}  // namespace
 
 void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                        const LesPolices &polices, bool arbreOuvert)
@@ -100,8 +99,7 @@ void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, c
 
     painter->setPen(polices.couleurCaracteres);
     painter->setFont(PoliceDessinable(polices.policeNumeros));
-    QRect textes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)),
-                 Coordonnee(hauteur));
+    QRect textes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)), Coordonnee(hauteur));
     QRect mesureNumero;
     painter->drawText(textes, Qt::AlignHCenter | Qt::TextDontClip, QString::number(numero), &mesureNumero);
     if (!info)
@@ -133,13 +131,12 @@ void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impressi
     }
     if (info->etatPhoto != etatVoulu)
         return;
-    const int ecart = EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000,
-                                  1'000'000);
+    const int ecart =
+        EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000);
     painter->drawImage(QPoint(Coordonnee(x + largeur + ecart), Coordonnee(y)), copie);
 }
 
-void Personne::TraceSelection(QPainter *painter, float sx, float sy, bool trace,
-                              const FormatsDessins &formats) const
+void Personne::TraceSelection(QPainter *painter, float sx, float sy, bool trace, const FormatsDessins &formats) const
 {
     const EtatPeintre etat(*painter);
     painter->setPen(QPen(trace ? Qt::blue : Qt::white, formats.EpaisseurPx(sx), Qt::DashLine));

@@ -18,8 +18,7 @@ QRect Personne::Etendue(const Encombrement &encombrement) const
             droite = MaxLI(droite, x + 2 * encombrement.largeurCadre + MaxLI(encombrement.ecartPhoto, 0));
     }
     const long tour = encombrement.tour;
-    return QRect(QPoint(Coordonnee(x - debords.cotes - tour + MinLI(encombrement.ecartPhoto, 0)),
-                        Coordonnee(y - tour)),
+    return QRect(QPoint(Coordonnee(x - debords.cotes - tour + MinLI(encombrement.ecartPhoto, 0)), Coordonnee(y - tour)),
                  QPoint(Coordonnee(droite + tour), Coordonnee(bas + tour)));
 }
 

@@ -14,7 +14,7 @@ void Montre(QWidget *parent, QMessageBox::Icon icone, const QString &titre, cons
     boite.exec();
 }
 
-} // namespace
+}  // namespace
 
 void Information(QWidget *parent, const QString &titre, const QString &texte)
 {
@@ -42,4 +42,4 @@ int Demande(QWidget *parent, QMessageBox::Icon icone, const QString &titre, cons
     return static_cast<int>(poses.indexOf(boite.clickedButton()));
 }
 
-} // namespace Boites
+}  // namespace Boites

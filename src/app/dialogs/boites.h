@@ -20,4 +20,4 @@ inline constexpr int sansEchappement = -1;
 int Demande(QWidget *parent, QMessageBox::Icon icone, const QString &titre, const QString &texte,
             const QStringList &boutons, int defaut, int echappement);
 
-} // namespace Boites
+}  // namespace Boites

@@ -79,12 +79,12 @@ public:
     bool arbreCharge = false;
     bool creationEnCours = false;
     bool importGED = false;
-    QString nomFichier;  ///< empty until a new or imported tree is saved
-    QString enteteV1;    ///< header line of the oldest binary files
-    QString enteteV3;    ///< header line of the later binary files
-    int typeFichier = 0;            ///< 0 none, 1 or 3 an older binary file, 4 XRLG
-    bool optionsParArbre = true;    ///< full display: each tree has its own formats and fonts; false: reduced display
-    bool titreAffiche = true;       ///< the title block is drawn
+    QString nomFichier;           ///< empty until a new or imported tree is saved
+    QString enteteV1;             ///< header line of the oldest binary files
+    QString enteteV3;             ///< header line of the later binary files
+    int typeFichier = 0;          ///< 0 none, 1 or 3 an older binary file, 4 XRLG
+    bool optionsParArbre = true;  ///< full display: each tree has its own formats and fonts; false: reduced display
+    bool titreAffiche = true;     ///< the title block is drawn
     bool modifie = false;
     bool optionsModifiees = false;
 

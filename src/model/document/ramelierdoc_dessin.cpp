@@ -15,7 +15,7 @@ void RamelierDoc::PositionneLesPersonnes(float echelleX, float echelleY)
 void RamelierDoc::DecalerAncetres(Personne *personne, long dx)
 {
     // An explicit stack: lines of ancestors may be longer than the call stack is deep.
-    std::vector<Personne *> aSuivre {personne};
+    std::vector<Personne *> aSuivre{personne};
     while (!aSuivre.empty()) {
         const Personne *courante = aSuivre.back();
         aSuivre.pop_back();

@@ -21,7 +21,7 @@ QSize TaillePossible(long largeur, long hauteur)
             static_cast<int>(qBound(1L, hauteur, long(QWIDGETSIZE_MAX)))};
 }
 
-} // namespace
+}  // namespace
 
 arbView::arbView(QWidget *parent, RamelierDoc *document)
     : QWidget(parent)

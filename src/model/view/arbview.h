@@ -35,6 +35,6 @@ private:
 
     RamelierDoc *doc;
     QWidget *zoneDefilement;  ///< the scroll area that holds this widget
-    float echelleX;  ///< pixels per millimetre of this widget's device
+    float echelleX;           ///< pixels per millimetre of this widget's device
     float echelleY;
 };
