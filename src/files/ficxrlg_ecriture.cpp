@@ -62,7 +62,7 @@ public:
 private:
     static constexpr qsizetype taille = 1 << 16;
 
-    void Retrait(int niveau) { tampon.append(2 * niveau, ' '); }
+    void Retrait(int niveau) { tampon.append(qsizetype(2) * niveau, ' '); }
 
     void Ouvre(int niveau, const char *balise)
     {
