@@ -96,20 +96,24 @@ bool DessinePdf(Dessin &dessin, QIODevice &sortie)
     return peintre.end() && complet;
 }
 
-bool DessinePng(Dessin &dessin, QIODevice &sortie)
+bool TientDansUneImage(Dessin &dessin)
 {
     // Beyond this side Qt's painter draws no more.
     constexpr int coteMax = 32767;
     const QSize taille = dessin.TailleDImage();
-    QImage image;
     if (taille.width() <= coteMax && taille.height() <= coteMax)
-        image = QImage(taille, QImage::Format_RGB32);
-    if (image.isNull()) {
-        Refuse(QStringLiteral("L'arbre est trop grand pour une image (%1 x %2 points) : choisissez un fichier .pdf")
-                   .arg(taille.width())
-                   .arg(taille.height()));
+        return true;
+    Refuse(QStringLiteral("L'arbre est trop grand pour une image (%1 x %2 points) : choisissez un fichier .pdf")
+               .arg(taille.width())
+               .arg(taille.height()));
+    return false;
+}
+
+bool DessinePng(Dessin &dessin, QIODevice &sortie)
+{
+    QImage image(dessin.TailleDImage(), QImage::Format_RGB32);
+    if (image.isNull())
         return false;
-    }
     image.fill(Qt::white);
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
@@ -153,13 +157,13 @@ bool Dessiner(const QString &fichierArbre, const QString &sortie)
         Refuse(QStringLiteral("Impossible d'écrire dans le fichier %1: %2.").arg(sortie, ecriture.Erreur()));
         return false;
     };
+    const QString suffixe = Suffixe(sortie);
+    if (suffixe == u"png" && !TientDansUneImage(dessin))
+        return false;
     if (!ecriture.Ouvre())
         return echoue();
-    const QString suffixe = Suffixe(sortie);
     const bool dessine = suffixe == u"pdf" ? DessinePdf(dessin, ecriture.Appareil())
         : suffixe == u"png"                ? DessinePng(dessin, ecriture.Appareil())
                                            : DessineSvg(dessin, ecriture.Appareil());
-    if (!dessine)
-        return false;
-    return ecriture.Termine() || echoue();
+    return (dessine && ecriture.Termine()) || echoue();
 }

@@ -3,6 +3,20 @@
 #include <QFile>
 #include <QFileInfo>
 
+qint64 FichierComplet::writeData(const char *octets, qint64 nombre)
+{
+    qint64 ecrits = 0;
+    while (ecrits < nombre) {
+        const qint64 morceau = QSaveFile::writeData(octets + ecrits, nombre - ecrits);
+        if (morceau <= 0) {
+            complet = false;
+            return -1;
+        }
+        ecrits += morceau;
+    }
+    return ecrits;
+}
+
 EcritureFichier::EcritureFichier(const QString &nom)
     : fichier(nom)
 {
@@ -12,28 +26,20 @@ bool EcritureFichier::Ouvre()
 {
     const QFileInfo cible(fichier.fileName());
     if (cible.exists() && !cible.isFile() && !cible.isDir()) {
-        erreur = QStringLiteral("Ce n'est pas un fichier ordinaire");
+        refus = QStringLiteral("Ce n'est pas un fichier ordinaire");
         return false;
     }
     if (cible.exists()) {
         QFile essai(fichier.fileName());
         if (!essai.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::ExistingOnly)) {
-            erreur = essai.errorString();
+            refus = essai.errorString();
             return false;
         }
     }
-    if (!fichier.open(QIODevice::WriteOnly)) {
-        erreur = fichier.errorString();
-        return false;
-    }
-    return true;
+    return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
 }
 
 bool EcritureFichier::Termine()
 {
-    // commit() flushes and refuses when any earlier write failed.
-    if (fichier.commit())
-        return true;
-    erreur = fichier.errorString();
-    return false;
+    return fichier.EstComplet() && fichier.commit();
 }

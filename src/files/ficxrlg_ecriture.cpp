@@ -146,12 +146,8 @@ bool EcritArbreXRLG(QIODevice &sortie, const Arbre &arbre)
 bool writeFicXRLG(const QString &fileName, Arbre *arbre)
 {
     EcritureFichier ecriture(fileName);
-    if (ecriture.Ouvre()) {
-        // A failed write is remembered by the device: Termine() reports it.
-        const bool ecrit = EcritArbreXRLG(ecriture.Appareil(), *arbre);
-        if (ecriture.Termine() && ecrit)
-            return true;
-    }
+    if (ecriture.Ouvre() && EcritArbreXRLG(ecriture.Appareil(), *arbre) && ecriture.Termine())
+        return true;
     Interlocuteur::Courant().Avertissement(
         QStringLiteral("Fichier XRLG"),
         QStringLiteral("Impossible d'écrire dans le fichier %1:\n%2.").arg(fileName, ecriture.Erreur()));
