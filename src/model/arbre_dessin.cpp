@@ -93,7 +93,7 @@ private:
         const long cx = (fx + mx) / 2;
         const long bas = pere.y + hauteur;
         const long milieu = pere.y + versMilieu;
-        if (EstHors(fx, mx, MinLI(bas, milieu), MaxLI(enfant.y, milieu)))
+        if (EstHors(fx, mx, MinLI(MinLI(bas, milieu), enfant.y), MaxLI(MaxLI(bas, milieu), enfant.y)))
             return;
         Ligne(fx, bas, fx, milieu - ry);
         Arc(fx, milieu - 2L * ry, aGauche, quart);

@@ -61,10 +61,13 @@ void Arbre::DetacheDeSonEnfant(const Personne *parent)
     for (Personne *personne = premiere; personne; personne = personne->suivante) {
         if (!enfantTrouve && (personne->pere == parent->numero || personne->mere == parent->numero)) {
             enfantTrouve = true;
-            if (parent->numero % 2 != 0)
+            if (parent->numero % 2 != 0) {
                 personne->mere = 0;
-            else
+                personne->ptrMere = nullptr;
+            } else {
                 personne->pere = 0;
+                personne->ptrPere = nullptr;
+            }
         }
         if (personne->ptrPere == parent)
             personne->ptrPere = nullptr;

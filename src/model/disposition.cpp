@@ -53,6 +53,13 @@ long PxBorne(long millimetres, float echelle)
     return MaxLI(-limite, MinLI(Px(millimetres, echelle), limite));
 }
 
+/// A sum that stops far beyond every true position: the shifts of a malformed tree may double at every pass.
+long Somme(long a, long b)
+{
+    constexpr long limite = 100'000'000'000'000'000L;
+    return MaxLI(-limite, MinLI(a + b, limite));
+}
+
 }  // namespace
 
 Disposition::Disposition(Arbre &aDisposer, const FormatsDessins &formats, float echelleX, float echelleY)
@@ -159,10 +166,10 @@ bool Disposition::Passe(bool premiere)
             if (libre > voulue) {
                 // Measured from the wanted place even when the person stood further right: deliberate.
                 place.x = libre;
-                place.decalage += libre - voulue;
+                place.decalage = Somme(place.decalage, libre - voulue);
                 aBouge = true;
             }
-            libre = place.x + place.largeur;
+            libre = Somme(place.x, place.largeur);
         }
     }
     if (aBouge)
@@ -179,8 +186,8 @@ void Disposition::ReporteLesDecalages()
         for (const Rang parent : {place.pere, place.mere}) {
             if (parent == aucun)
                 continue;
-            places[parent].x += place.decalage;
-            places[parent].decalage += place.decalage;
+            places[parent].x = Somme(places[parent].x, place.decalage);
+            places[parent].decalage = Somme(places[parent].decalage, place.decalage);
         }
         place.decalage = 0;
     }

@@ -9,6 +9,7 @@
 #include <QPaintDevice>
 
 #include <array>
+#include <cstdlib>
 
 namespace {
 
@@ -40,17 +41,18 @@ Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, con
     , hauteurCadre(MaxLI(Px(formats.hauteurCadre, sy), 1))
     , tour(ecartSelection + formats.EpaisseurPx(sx) + 1)
     , ecartPhoto(EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000))
+    , basDuNumero(2 * Mesures(polices.policeNumeros, appareil).height())
+    , margeTextes(std::abs(Px(formats.margeDansCadre, sx)))
     , largeurTextes(MaxLI(largeurCadre - 2 * Px(formats.margeDansCadre, sx), 1))
-    , hauteurNumero(Mesures(polices.policeNumeros, appareil).height())
     , hauteurLigne(Mesures(polices.policeTextes, appareil).height() + 2)
 {
-    coteDuNumero = MaxLI(0, (chiffresDuPlusGrandNumero * hauteurNumero - largeurTextes) / 2);
+    coteDuNumero = margeTextes + MaxLI(0, (chiffresDuPlusGrandNumero * basDuNumero / 2 - largeurTextes) / 2);
 }
 
 Encombrement::Debords Encombrement::DebordsDe(long lignes, long plusLongMot, long largeurLettre) const
 {
-    return {.bas = 2 * hauteurNumero + lignes * hauteurLigne,
-            .cotes = MaxLI(coteDuNumero, (plusLongMot * largeurLettre - largeurTextes) / 2)};
+    return {.bas = basDuNumero + lignes * hauteurLigne,
+            .cotes = MaxLI(coteDuNumero, margeTextes + (plusLongMot * largeurLettre - largeurTextes) / 2)};
 }
 
 Encombrement::Debords Encombrement::DebordsGrossiers(const InfoPersonne &info) const

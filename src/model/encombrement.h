@@ -30,12 +30,13 @@ public:
     long hauteurCadre;  ///< H
     long tour;          ///< what lines and selection mark need around the box
     long ecartPhoto;    ///< from the box to its photo
+    long basDuNumero;   ///< what the number needs below the top of the box
     long coteDuNumero;  ///< what the longest number needs on each side of the box
 
 private:
     [[nodiscard]] Debords DebordsDe(long lignes, long plusLongMot, long largeurLettre) const;
 
+    long margeTextes;    ///< a box narrower than its margins has its texts beside its middle
     long largeurTextes;  ///< inner width of the box
-    long hauteurNumero;
     long hauteurLigne;
 };

@@ -65,15 +65,15 @@ void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const
     }
 }
 
-/// \a photo brought to the size of a box, in its own proportions; never smaller than one pixel.
+/// \a photo brought to the size of a box, in its own proportions; null when nothing would be left of it.
 QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
 {
+    // A box from a damaged options file must not fill the memory.
+    constexpr int coteMax = 8192;
     const double facteur = qMin(double(largeur) / photo.width(), double(hauteur) / photo.height());
-    constexpr int coteMax = 32767;
-    const QSize taille(EntierBorne(photo.width() * facteur, 1, coteMax),
-                       EntierBorne(photo.height() * facteur, 1, coteMax));
-    const QSize proportionnee = photo.size().scaled(taille, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-    return photo.scaled(proportionnee, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    return photo.scaled(EntierBorne(photo.width() * facteur, 0, coteMax),
+                        EntierBorne(photo.height() * facteur, 0, coteMax), Qt::KeepAspectRatio,
+                        Qt::SmoothTransformation);
 }
 
 }  // namespace

@@ -6,17 +6,13 @@
 
 QRect Personne::Etendue(const Encombrement &encombrement) const
 {
-    Encombrement::Debords debords;
-    debords.cotes = encombrement.coteDuNumero;
+    const Encombrement::Debords debords = info
+        ? encombrement.DebordsFins(*info)
+        : Encombrement::Debords{.bas = encombrement.basDuNumero, .cotes = encombrement.coteDuNumero};
+    const long bas = y + MaxLI(encombrement.hauteurCadre, debords.bas);
     long droite = x + encombrement.largeurCadre + debords.cotes;
-    long bas = y + encombrement.hauteurCadre;
-    if (info) {
-        debords = encombrement.DebordsFins(*info);
-        droite = x + encombrement.largeurCadre + debords.cotes;
-        bas = MaxLI(bas, y + debords.bas);
-        if (info->aUnePhoto())
-            droite = MaxLI(droite, x + 2 * encombrement.largeurCadre + MaxLI(encombrement.ecartPhoto, 0));
-    }
+    if (FacteurPhoto() == 2)
+        droite = MaxLI(droite, x + 2 * encombrement.largeurCadre + MaxLI(encombrement.ecartPhoto, 0));
     const long tour = encombrement.tour;
     return QRect(QPoint(Coordonnee(x - debords.cotes - tour + MinLI(encombrement.ecartPhoto, 0)), Coordonnee(y - tour)),
                  QPoint(Coordonnee(droite + tour), Coordonnee(bas + tour)));

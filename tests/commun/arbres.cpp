@@ -95,3 +95,11 @@ QString NumerosEnTexte(const Arbre &arbre)
         enArriere.prepend(QString::number(personne->numero));
     return enAvant == enArriere ? enAvant.join(u' ') : QStringLiteral("liste brisée");
 }
+
+QString PositionsEnTexte(const Arbre &arbre)
+{
+    QStringList positions;
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante)
+        positions += QStringLiteral("%1:%2,%3").arg(personne->numero).arg(personne->x).arg(personne->y);
+    return positions.join(u' ');
+}

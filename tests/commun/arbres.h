@@ -36,3 +36,6 @@ QString ArbreEnTexte(const Arbre &arbre);
 
 /// The numbers in list order, walked forward; walking backward must give the same, or the text says so.
 QString NumerosEnTexte(const Arbre &arbre);
+
+/// "1:35,129 2:15,72": number and place of each person, in list order.
+QString PositionsEnTexte(const Arbre &arbre);
