@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QSaveFile>
 #include <QString>
+#include <QTemporaryFile>
 
-/// A QSaveFile that notices every byte that did not reach the disk. On a disk that fills up QSaveFile itself takes a write
-/// of a part for a success, and would put a cut-off file in place.
-class FichierComplet : public QSaveFile
+/// A temporary file that notices every byte that did not reach the disk: on a disk that fills up a write of a part would
+/// otherwise pass for a success.
+class FichierTemporaire : public QTemporaryFile
 {
 public:
-    using QSaveFile::QSaveFile;
+    /// Creates and opens the file in \a dossier, unbuffered. False with errorString() when it cannot be created.
+    [[nodiscard]] bool CreeDans(const QString &dossier);
     [[nodiscard]] bool EstComplet() const { return complet; }
 
 protected:
@@ -30,13 +31,18 @@ public:
     /// the target is no regular file or may not be written.
     [[nodiscard]] bool Ouvre();
     /// Where to write, once open.
-    [[nodiscard]] QIODevice &Appareil() { return fichier; }
+    [[nodiscard]] QIODevice &Appareil() { return temporaire; }
     /// Puts the new content in place. False with Erreur() set, and the old file intact, when any write failed.
     [[nodiscard]] bool Termine();
     /// What went wrong, in the system's words.
-    [[nodiscard]] QString Erreur() const { return refus.isEmpty() ? fichier.errorString() : refus; }
+    [[nodiscard]] QString Erreur() const { return refus.isEmpty() ? temporaire.errorString() : refus; }
 
 private:
-    FichierComplet fichier;
-    QString refus;  ///< why the target was not even tried
+    bool Refuse(const QString &cause);
+    bool Abandonne(const QString &cause);
+    [[nodiscard]] bool EssaieLaCible();
+
+    QString cible;  ///< the file behind every symbolic link
+    FichierTemporaire temporaire;
+    QString refus;  ///< why the target was not even tried, or could not take the new content
 };

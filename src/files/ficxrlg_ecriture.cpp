@@ -80,7 +80,7 @@ private:
 
     QIODevice &sortie;
     QByteArray tampon;
-    QStringEncoder codeur{QStringConverter::Utf8};
+    QStringEncoder codeur{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     bool reussi = true;
 };
 

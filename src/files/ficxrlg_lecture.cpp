@@ -4,23 +4,74 @@
 #include "xrlghandler.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
-int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
+namespace {
+
+/// Where a DOCTYPE of \a texte starts declarations of its own, or -1. Tree files have none; in others they may blow up
+/// (entities of entities) or nest deeper than the parser's stack before any handler sees them.
+qsizetype DebutDesDeclarations(const QString &texte)
 {
-    XrlgHandler handler(arbre, repertoire);
+    const QString balise = QStringLiteral("<!DOCTYPE");
+    for (qsizetype debut = texte.indexOf(balise); debut >= 0; debut = texte.indexOf(balise, debut + 1)) {
+        QChar guillemet;
+        for (qsizetype i = debut; i < texte.size(); ++i) {
+            const QChar caractere = texte.at(i);
+            if (!guillemet.isNull()) {
+                if (caractere == guillemet)
+                    guillemet = QChar();
+            } else if (caractere == u'[') {
+                return i;
+            } else if (caractere == u'>') {
+                break;
+            } else if (caractere == u'"' || caractere == u'\'') {
+                guillemet = caractere;
+            }
+        }
+    }
+    return -1;
+}
+
+bool RefuseLesDeclarations(XrlgHandler &handler, const QString &texte, qsizetype place)
+{
+    const auto ligne = QStringView(texte).left(place).count(u'\n') + 1;
+    const auto colonne = place - texte.lastIndexOf(u'\n', place);
+    return handler.fatalError(QXmlParseException(QStringLiteral("Le fichier n'est pas un fichier XRLG."),
+                                                 static_cast<int>(colonne), static_cast<int>(ligne)));
+}
+
+bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
+{
+    const QString texte = source.data();
+    const qsizetype place = DebutDesDeclarations(texte);
+    if (place >= 0)
+        return RefuseLesDeclarations(handler, texte, place);
     QXmlSimpleReader lecteur;
     lecteur.setContentHandler(&handler);
     lecteur.setErrorHandler(&handler);
+    return lecteur.parse(source);
+}
 
+}  // namespace
+
+int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
+{
+    const QFileInfo info(fileName);
     QFile fichier(fileName);
-    if (!fichier.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    // Opening a pipe would wait for its writer, and a device may never end.
+    const bool ordinaire = !info.exists() || info.isFile() || info.isDir();
+    if (!ordinaire || !fichier.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        const QString cause = ordinaire ? fichier.errorString() : QStringLiteral("Ce n'est pas un fichier ordinaire");
         Interlocuteur::Courant().Avertissement(
             QStringLiteral("Arbre XRLG"),
-            QStringLiteral("Impossible de lire le fichier %1:\n%2.").arg(fileName, fichier.errorString()));
+            QStringLiteral("Impossible de lire le fichier %1:\n%2.").arg(fileName, cause));
         return 1;
     }
-    QXmlInputSource source(&fichier);
-    return lecteur.parse(source) ? 0 : 2;
+    XrlgHandler handler(arbre, repertoire);
+    QXmlInputSource source;
+    // Read through the text mode, which drops every "\r".
+    source.setData(fichier.readAll());
+    return Analyse(handler, source) ? 0 : 2;
 }

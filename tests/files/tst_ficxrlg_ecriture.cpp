@@ -4,14 +4,13 @@
 #include "ficxrlg.h"
 #include "infopersonne.h"
 #include "interlocuteurnote.h"
+#include "pannes.h"
 #include "personne.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QGuiApplication>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 /// writeFicXRLG: the bytes of a tree file, and what happens when they cannot be written.
@@ -27,8 +26,10 @@ private Q_SLOTS:
     void ecritTousLesTextesDansLOrdre();
     void nEchappeRien();
     void ecritUnePersonneSansInformations();
+    void unCaractereIncompletResteDansSonElement();
     void refuseLaCible_data();
     void refuseLaCible();
+    void sansNomDeFichierLeDit();
     void unDisqueRempliLaisseLAncienFichier();
     void suitUnLienEtGardeLesDroits();
     void unAppareilQuiRefuseLeDit();
@@ -40,33 +41,6 @@ private:
     std::unique_ptr<QTemporaryDir> dossier;
     QStringList messages;
 };
-
-namespace {
-
-/// Files of this process may not grow beyond a few bytes while one lives: a disk that is full, for real.
-class DisqueRempli
-{
-public:
-    explicit DisqueRempli(rlim_t octets)
-    {
-        getrlimit(RLIMIT_FSIZE, &avant);
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit petit = avant;
-        petit.rlim_cur = octets;
-        setrlimit(RLIMIT_FSIZE, &petit);
-    }
-    ~DisqueRempli()
-    {
-        setrlimit(RLIMIT_FSIZE, &avant);
-        std::signal(SIGXFSZ, SIG_DFL);
-    }
-    Q_DISABLE_COPY_MOVE(DisqueRempli)
-
-private:
-    rlimit avant {};
-};
-
-}  // namespace
 
 void TestFicXrlgEcriture::initTestCase()
 {
@@ -119,7 +93,7 @@ void TestFicXrlgEcriture::ecritLArbreDUneSeulePersonne()
                         "  </arbre>\n"
                         "</xrlg>\n"));
     QCOMPARE(messages, QStringList());
-    QCOMPARE(QDir(dossier->path()).entryList(QDir::Files), QStringList {QStringLiteral("a.xrlg")});
+    QCOMPARE(QDir(dossier->path()).entryList(QDir::Files), QStringList{QStringLiteral("a.xrlg")});
 }
 
 void TestFicXrlgEcriture::ecritUnArbreVide()
@@ -128,17 +102,18 @@ void TestFicXrlgEcriture::ecritUnArbreVide()
     QBuffer sortie;
     QVERIFY(sortie.open(QIODevice::WriteOnly));
     QVERIFY(EcritArbreXRLG(sortie, arbre));
-    QCOMPARE(sortie.data(), QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                       "<!DOCTYPE xrlg>\n"
-                                       "<xrlg version=\"1.0\">\n"
-                                       "  <arbre>\n"
-                                       "    <infoarbre>\n"
-                                       "      <titrearbre></titrearbre>\n"
-                                       "    </infoarbre>\n"
-                                       "    <nombrepersonnes>0</nombrepersonnes>\n"
-                                       "    <nombregenerations>0</nombregenerations>\n"
-                                       "  </arbre>\n"
-                                       "</xrlg>\n"));
+    QCOMPARE(sortie.data(),
+             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                        "<!DOCTYPE xrlg>\n"
+                        "<xrlg version=\"1.0\">\n"
+                        "  <arbre>\n"
+                        "    <infoarbre>\n"
+                        "      <titrearbre></titrearbre>\n"
+                        "    </infoarbre>\n"
+                        "    <nombrepersonnes>0</nombrepersonnes>\n"
+                        "    <nombregenerations>0</nombregenerations>\n"
+                        "  </arbre>\n"
+                        "</xrlg>\n"));
 }
 
 void TestFicXrlgEcriture::ecritTousLesTextesDansLOrdre()
@@ -151,10 +126,10 @@ void TestFicXrlgEcriture::ecritTousLesTextesDansLOrdre()
     personne->pere = 18446744073709551614U;
     personne->mere = 9223372036854775808U;
     personne->enfant = 12345678901U;
-    personne->info = new InfoPersonne(
-        QStringLiteral("LEFÈVRE"), QStringLiteral("Łucja 孔子"), QStringLiteral("ca 1760"), QStringLiteral("Alger"),
-        QStringLiteral("12 vendémiaire an III"), QStringLiteral("Cœuilly"), QStringLiteral("deux\nlignes"),
-        QStringLiteral("f.html"), QStringLiteral("p.png"), -1);
+    personne->info =
+        new InfoPersonne(QStringLiteral("LEFÈVRE"), QStringLiteral("Łucja 孔子"), QStringLiteral("ca 1760"),
+                         QStringLiteral("Alger"), QStringLiteral("12 vendémiaire an III"), QStringLiteral("Cœuilly"),
+                         QStringLiteral("deux\nlignes"), QStringLiteral("f.html"), QStringLiteral("p.png"), -1);
     arbre.AjouteALaFin(personne);
     arbre.nombrePersonnes = 42;
     arbre.nombreGenerations = 65535;
@@ -213,13 +188,32 @@ void TestFicXrlgEcriture::ecritUnePersonneSansInformations()
     QVERIFY(sortie.data().contains("      <infopersonne>\n      </infopersonne>\n"));
 }
 
+void TestFicXrlgEcriture::unCaractereIncompletResteDansSonElement()
+{
+    const auto arbre = ArbreDeNumeros({1});
+    arbre->premiere->info->nom = u'A' + QString(QChar(0xD83D));
+    arbre->premiere->info->prenom = QStringLiteral("B");
+    QBuffer sortie;
+    QVERIFY(sortie.open(QIODevice::WriteOnly));
+    QVERIFY(EcritArbreXRLG(sortie, *arbre));
+    QVERIFY(sortie.data().contains("        <nom>A\xEF\xBF\xBD</nom>\n"
+                                   "        <prenom>B</prenom>\n"));
+}
+
 void TestFicXrlgEcriture::refuseLaCible_data()
 {
     QTest::addColumn<QString>("cible");
     QTest::addColumn<QString>("cause");
-    QTest::newRow("dossier absent") << "rien/a.xrlg" << "No such file or directory";
-    QTest::newRow("un dossier") << "dossier" << "Is a directory";
-    QTest::newRow("un tube") << "tube" << "Ce n'est pas un fichier ordinaire";
+    QTest::newRow("dossier absent") << "rien/a.xrlg"
+                                    << "No such file or directory";
+    QTest::newRow("un dossier") << "dossier"
+                                << "Is a directory";
+    QTest::newRow("un tube") << "tube"
+                             << "Ce n'est pas un fichier ordinaire";
+    QTest::newRow("un appareil") << "/dev/full"
+                                 << "Ce n'est pas un fichier ordinaire";
+    QTest::newRow("un nom avec des pourcents") << "rien/50%2 %1.xrlg"
+                                               << "No such file or directory";
 }
 
 void TestFicXrlgEcriture::refuseLaCible()
@@ -229,10 +223,21 @@ void TestFicXrlgEcriture::refuseLaCible()
     QVERIFY(QDir(dossier->path()).mkdir(QStringLiteral("dossier")));
     QCOMPARE(mkfifo(QFile::encodeName(Chemin(QStringLiteral("tube"))).constData(), 0600), 0);
     const auto arbre = ArbreDeNumeros({1});
-    QVERIFY(!writeFicXRLG(Chemin(cible), arbre.get()));
-    QCOMPARE(messages, QStringList {QStringLiteral("avertissement|Fichier XRLG|Impossible d'écrire dans le fichier ")
-                                    + Chemin(cible) + QStringLiteral(":\n") + cause + u'.'});
+    const QString chemin = QDir(dossier->path()).absoluteFilePath(cible);
+    QVERIFY(!writeFicXRLG(chemin, arbre.get()));
+    QCOMPARE(messages,
+             QStringList{QStringLiteral("avertissement|Fichier XRLG|Impossible d'écrire dans le fichier ") + chemin
+                         + QStringLiteral(":\n") + cause + u'.'});
     QCOMPARE(QDir(dossier->path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+void TestFicXrlgEcriture::sansNomDeFichierLeDit()
+{
+    const auto arbre = ArbreDeNumeros({1});
+    QVERIFY(!writeFicXRLG(QString(), arbre.get()));
+    QCOMPARE(messages,
+             QStringList{QStringLiteral(
+                 "avertissement|Fichier XRLG|Impossible d'écrire dans le fichier :\nNo file name specified.")});
 }
 
 void TestFicXrlgEcriture::unDisqueRempliLaisseLAncienFichier()
@@ -244,14 +249,15 @@ void TestFicXrlgEcriture::unDisqueRempliLaisseLAncienFichier()
     const auto grand = ArbreComplet(8);
     bool ecrit = true;
     {
-        const DisqueRempli disque(4096);
+        const DisquePlein disque(4096);
         ecrit = writeFicXRLG(chemin, grand.get());
     }
     QVERIFY(!ecrit);
     QCOMPARE(Contenu(chemin), ancien);
-    QCOMPARE(messages, QStringList {QStringLiteral("avertissement|Fichier XRLG|Impossible d'écrire dans le fichier ")
-                                    + chemin + QStringLiteral(":\nFile too large.")});
-    QCOMPARE(QDir(dossier->path()).entryList(QDir::Files | QDir::Hidden), QStringList {QStringLiteral("a.xrlg")});
+    QCOMPARE(messages,
+             QStringList{QStringLiteral("avertissement|Fichier XRLG|Impossible d'écrire dans le fichier ") + chemin
+                         + QStringLiteral(":\nFile too large.")});
+    QCOMPARE(QDir(dossier->path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("a.xrlg")});
 }
 
 void TestFicXrlgEcriture::suitUnLienEtGardeLesDroits()
@@ -266,7 +272,9 @@ void TestFicXrlgEcriture::suitUnLienEtGardeLesDroits()
     QVERIFY(writeFicXRLG(lien, autre.get()));
     QCOMPARE(QFileInfo(lien).symLinkTarget(), vrai);
     QVERIFY(Contenu(vrai).contains("<numero>2</numero>"));
-    struct stat etat {};
+    struct stat etat
+    {
+    };
     QCOMPARE(stat(QFile::encodeName(vrai).constData(), &etat), 0);
     QCOMPARE(etat.st_mode & 0777U, 0640U);
 }

@@ -14,6 +14,7 @@ int RamelierDoc::OuvreFichierArbre(const QString &fileName, QString &repertoire)
 
 int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode)
 {
+    const QString nom = fileName;  // may be our own nomFichier
     if (arbre) {
         SupprimeArbre();
         modifie = false;
@@ -22,7 +23,7 @@ int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fic
     nomFichier.clear();
     typeFichier = 0;
     arbre = new Arbre;
-    if (OuvreFichierArbre(fileName, repertoire) != 0)
+    if (OuvreFichierArbre(nom, repertoire) != 0)
         return 0;
     if (mode == CiblePere) {
         delete std::exchange(arbrePere, std::exchange(arbre, nullptr));
@@ -33,7 +34,7 @@ int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fic
             initPolicesEtTraits(fichierOptions);
         else
             initPolicesEtTraitsMini();
-        nomFichier = fileName;
+        nomFichier = nom;
         arbreCharge = true;
         Q_EMIT documentChanged(1);
         modifie = false;
