@@ -4,6 +4,7 @@
 #include "etatpeintre.h"
 #include "formatsdessins.h"
 #include "personne.h"
+#include "plume.h"
 #include "unites.h"
 
 #include <QBrush>
@@ -134,8 +135,8 @@ void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, cons
 void Arbre::TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const
 {
     const EtatPeintre etat(*painter);
-    painter->setPen(
-        QPen(QBrush(formats.couleurTraits), formats.EpaisseurPx(sx), Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter->setPen(QPen(QBrush(formats.couleurTraits), LargeurDePlume(*painter, formats.EpaisseurPx(sx)),
+                         Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     painter->setBrush(Qt::NoBrush);
     const TraceurDeLiaisons traceur(*painter, sx, sy, formats);
     // The parents of the top generation cannot be in the tree.

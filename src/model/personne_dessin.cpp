@@ -4,6 +4,7 @@
 #include "formatsdessins.h"
 #include "infopersonne.h"
 #include "lespolices.h"
+#include "plume.h"
 #include "unites.h"
 
 #include <QFont>
@@ -88,7 +89,7 @@ void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, c
     const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
     const long marge = Px(formats.margeDansCadre, sx);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(formats.couleurTraits, formats.EpaisseurPx(sx), Qt::SolidLine));
+    painter->setPen(QPen(formats.couleurTraits, LargeurDePlume(*painter, formats.EpaisseurPx(sx)), Qt::SolidLine));
     if (arbreOuvert) {
         const QRect cadre(Coordonnee(x), Coordonnee(y), Coordonnee(largeur), Coordonnee(hauteur));
         painter->drawRoundedRect(cadre, EntierBorne(2 * formats.rayonArc * sx, 0, rondeurMax),
