@@ -247,7 +247,8 @@ void Choisit(Scenario &scenario, const QString &chemin, DialogueVu *vu)
             *vu = Regarde(dialogue);
         auto *champ = dialogue.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         champ->setText(chemin);
-        QMetaObject::invokeMethod(champ, [champ] { QTest::keyClick(champ, Qt::Key_Return); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            champ, [champ] { QTest::keyClick(champ, Qt::Key_Return); }, Qt::QueuedConnection);
     });
 }
 

@@ -47,8 +47,7 @@ private:
 class Fenetre : public RamelierApp
 {
 public:
-    explicit Fenetre(const QStringList &arguments = {},
-                     const QString &programme = QStringLiteral("/usr/bin/ramelier"));
+    explicit Fenetre(const QStringList &arguments = {}, const QString &programme = QStringLiteral("/usr/bin/ramelier"));
 
     using RamelierApp::proposeSauvegarde;
     using RamelierApp::queryExit;
@@ -119,13 +118,13 @@ void Renonce(Scenario &scenario, DialogueVu *vu = nullptr);
 void EffaceReglages();
 
 /// The main function of a class of window tests.
-#define RAMELIER_TEST_FENETRE_MAIN(Classe) \
-    int main(int argc, char **argv) \
-    { \
-        const Environnement environnement; \
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); \
-        QApplication application(argc, argv); \
-        PrepareLApplication(application); \
-        Classe test; \
-        return QTest::qExec(&test, argc, argv); \
+#define RAMELIER_TEST_FENETRE_MAIN(Classe)                                                                             \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        const Environnement environnement;                                                                             \
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);                                                   \
+        QApplication application(argc, argv);                                                                          \
+        PrepareLApplication(application);                                                                              \
+        Classe test;                                                                                                   \
+        return QTest::qExec(&test, argc, argv);                                                                        \
     }

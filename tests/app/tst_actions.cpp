@@ -71,11 +71,9 @@ void TestActions::uneActionPorteSesTextes_data()
     ligne("actSuppPers", &App::actSuppPers, "S&upprimer la personne sélectionnée", "",
           "Supprimer la personne sélectionnée",
           "Supprimer la personne sélectionnée\n\nSupprimer la personne sélectionnée");
-    ligne("actAjouterPere", &App::actAjouterPere, "Ajouter le père", "",
-          "Ajouter le père de la personne sélectionnée",
+    ligne("actAjouterPere", &App::actAjouterPere, "Ajouter le père", "", "Ajouter le père de la personne sélectionnée",
           "Ajouter le père\n\nAjouter le père de la personne sélectionnée");
-    ligne("actAjouterMere", &App::actAjouterMere, "Ajouter la mère", "",
-          "Ajouter la mère de la personne sélectionnée",
+    ligne("actAjouterMere", &App::actAjouterMere, "Ajouter la mère", "", "Ajouter la mère de la personne sélectionnée",
           "Ajouter la mère\n\nAjouter la mère de la personne sélectionnée");
     ligne("actEditFicheHTML", &App::actEditFicheHTML, "Editer la fiche associée", "",
           "Editer la fiche (HTML ou TXT) associée à la personne sélectionnée (si elle existe)",
@@ -291,8 +289,7 @@ void TestActions::declencherAppelleLaCommande_data()
     ligne("actFileOpen", &App::actFileOpen,
           {QStringLiteral("Ouverture du fichier..."), QStringLiteral("[Ouvrir]"),
            QStringLiteral("Echec à l'ouverture du fichier (2000 ms)")});
-    ligne("actFileSave", &App::actFileSave,
-          {QStringLiteral("Enregistrement du fichier..."), QStringLiteral("Prêt.")});
+    ligne("actFileSave", &App::actFileSave, {QStringLiteral("Enregistrement du fichier..."), QStringLiteral("Prêt.")});
     ligne("actFileSaveAs", &App::actFileSaveAs,
           {QStringLiteral("Enregistrement du fichier sous un nouveau nom..."), QStringLiteral("[Enregistrer sous]"),
            QStringLiteral("Echec à l'enregistrement du fichier (2000 ms)"), QStringLiteral("Prêt.")});
@@ -300,8 +297,7 @@ void TestActions::declencherAppelleLaCommande_data()
           {QStringLiteral("Impression..."), QStringLiteral("[Choix du mode d'impression]"), QStringLiteral("Prêt.")});
     ligne("actFileQuit", &App::actFileQuit, {QStringLiteral("Sortie de l'application...")});
     ligne("actViewToolBar", &App::actViewToolBar, {QStringLiteral("Toggle toolbar..."), QStringLiteral("Prêt.")});
-    ligne("actViewStatusBar", &App::actViewStatusBar,
-          {QStringLiteral("Toggle statusbar..."), QStringLiteral("Prêt.")});
+    ligne("actViewStatusBar", &App::actViewStatusBar, {QStringLiteral("Toggle statusbar..."), QStringLiteral("Prêt.")});
     ligne("actModeAffichage", &App::actModeAffichage, {QStringLiteral("Mode Affichage..."), QStringLiteral("Prêt.")});
     ligne("actModeTravail", &App::actModeTravail, {QString(), QStringLiteral("Prêt")});
 }
@@ -311,7 +307,8 @@ void TestActions::declencherAppelleLaCommande()
     QFETCH(const MembreAction, membre);
     QFETCH(const QStringList, journal);
     const Dossier dossier;
-    Fenetre fenetre({dossier.Ecrit(QStringLiteral("a.xrlg"), ArbreEcrit(QStringLiteral("T"), {{1, QStringLiteral("A")}}))});
+    Fenetre fenetre(
+        {dossier.Ecrit(QStringLiteral("a.xrlg"), ArbreEcrit(QStringLiteral("T"), {{1, QStringLiteral("A")}}))});
     Scenario scenario;
     if (journal.contains(QStringLiteral("[Choix du mode d'impression]")))
         scenario.Repond(QStringLiteral("Annuler"));
@@ -346,7 +343,8 @@ void TestActions::leRaccourciDeclenche()
     QFETCH(const int, modificateur);
     QFETCH(const QString, status);
     const Dossier dossier;
-    Fenetre fenetre({dossier.Ecrit(QStringLiteral("a.xrlg"), ArbreEcrit(QStringLiteral("T"), {{1, QStringLiteral("A")}}))});
+    Fenetre fenetre(
+        {dossier.Ecrit(QStringLiteral("a.xrlg"), ArbreEcrit(QStringLiteral("T"), {{1, QStringLiteral("A")}}))});
     QVERIFY(QTest::qWaitForWindowActive(&fenetre));
     fenetre.statusBar()->clearMessage();
     const Journal vu(fenetre);

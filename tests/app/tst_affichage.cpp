@@ -2,7 +2,6 @@
 
 #include "arbre.h"
 #include "arbres.h"
-#include "infoarbre.h"
 #include "personne.h"
 #include "ramelierdoc.h"
 
@@ -42,9 +41,10 @@ private:
 
 void TestAffichage::initTestCase()
 {
-    arbre = dossier.Ecrit(QStringLiteral("famille.xrlg"),
-                          ArbreEcrit(QStringLiteral("Famille"),
-                                     {{1, QStringLiteral("UN")}, {2, QStringLiteral("DEUX")}, {3, QStringLiteral("TROIS")}}));
+    arbre = dossier.Ecrit(
+        QStringLiteral("famille.xrlg"),
+        ArbreEcrit(QStringLiteral("Famille"),
+                   {{1, QStringLiteral("UN")}, {2, QStringLiteral("DEUX")}, {3, QStringLiteral("TROIS")}}));
 }
 
 void TestAffichage::lAffichageReduitPrendSesFormats()

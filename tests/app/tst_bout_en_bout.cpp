@@ -80,7 +80,7 @@ int Compte(const QImage &image, QRgb couleur)
 constexpr QRgb bleu = 0xff0000ff;
 constexpr QRgb noir = 0xff000000;
 
-} // namespace
+}  // namespace
 
 void TestBoutEnBout::initTestCase()
 {

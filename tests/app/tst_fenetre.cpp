@@ -66,8 +66,9 @@ void TestFenetre::laFenetrePorteSonTitreEtSonIcone()
     QCOMPARE(fenetre.windowTitle(), QStringLiteral("Ramelier 5.1"));
     const QImage icone(QStringLiteral(":/images/ramelier.png"));
     QVERIFY(!icone.isNull());
-    QCOMPARE(fenetre.windowIcon().pixmap(icone.size(), 1.0).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied),
-             icone.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+    QCOMPARE(
+        fenetre.windowIcon().pixmap(icone.size(), 1.0).toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied),
+        icone.convertToFormat(QImage::Format_ARGB32_Premultiplied));
 }
 
 void TestFenetre::laFenetreSOuvreVideSansArgument()
@@ -244,8 +245,8 @@ void TestFenetre::lesReglagesSEcriventSousLeursCles()
         fenetre.dernierRep = QStringLiteral("/srv/autres");
         fenetre.writeSettings();
     }
-    const QString fichier = QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME"))
-        + QStringLiteral("/ProgrammesLY/ramelier.conf");
+    const QString fichier =
+        QString::fromLocal8Bit(qgetenv("XDG_CONFIG_HOME")) + QStringLiteral("/ProgrammesLY/ramelier.conf");
     QVERIFY(QFileInfo::exists(fichier));
     const QSettings reglages(fichier, QSettings::IniFormat);
     QStringList cles = reglages.allKeys();
@@ -331,8 +332,7 @@ void TestFenetre::laFenetreSeDetruitEnToutEtat()
     if (selection)
         Clique(*fenetre, 1);
     fenetre->slotMenuSurgissant(menu);
-    const QList<QPointer<QObject>> possedes{fenetre->view, fenetre->doc, fenetre->popupGeneral,
-                                            fenetre->popupPersonne};
+    const QList<QPointer<QObject>> possedes{fenetre->view, fenetre->doc, fenetre->popupGeneral, fenetre->popupPersonne};
     fenetre.reset();
     QCoreApplication::processEvents();
     for (const QPointer<QObject> &objet : possedes)

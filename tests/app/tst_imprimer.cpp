@@ -42,14 +42,14 @@ private:
 
 namespace {
 
-const QList<PersonneEcrite> famille {{1, "MARTIN", "Paul"}, {2, "MARTIN", "Jean"}, {3, "LEFÈVRE", "Élise"}};
+const QList<PersonneEcrite> famille{{1, "MARTIN", "Paul"}, {2, "MARTIN", "Jean"}, {3, "LEFÈVRE", "Élise"}};
 
 /// A line of \a generations complete generations: numbers 1 to 2^generations - 1.
 QList<PersonneEcrite> Complet(int generations)
 {
     QList<PersonneEcrite> personnes;
     for (quint64 numero = 1; numero < quint64(1) << generations; ++numero)
-        personnes += PersonneEcrite {numero, u'N' + QString::number(numero)};
+        personnes += PersonneEcrite{numero, u'N' + QString::number(numero)};
     return personnes;
 }
 
@@ -90,7 +90,7 @@ void TestImprimer::demandeLeMode()
     QCOMPARE(boite.titre, QStringLiteral("Choix du mode d'impression"));
     QCOMPARE(boite.texte, QStringLiteral("Imprimer sur imprimante OU dans un fichier pdf ?"));
     QCOMPARE(boite.icone, QMessageBox::Question);
-    QCOMPARE(boite.boutons, (QStringList {"Imprimante", "Fichier pdf", "Annuler"}));
+    QCOMPARE(boite.boutons, (QStringList{"Imprimante", "Fichier pdf", "Annuler"}));
     QCOMPARE(boite.defaut, QStringLiteral("Imprimante"));
     QCOMPARE(boite.echappement, QString());
     QCOMPARE(boite.parent, &fenetre);
@@ -105,13 +105,14 @@ void TestImprimer::annulerNImprimeRien()
     const Journal journal(fenetre);
     fenetre.slotFilePrint();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), (QStringList {"Impression...", "[Choix du mode d'impression]", "Prêt."}));
+    QCOMPARE(journal.Lignes(), (QStringList{"Impression...", "[Choix du mode d'impression]", "Prêt."}));
     QCOMPARE(dossier.Noms(), avant);
 }
 
 void TestImprimer::ecritUnPdfDUnePage()
 {
-    Fenetre fenetre({dossier.Ecrit(QStringLiteral("petit.beau.xrlg"), ArbreEcrit(QStringLiteral("Les Martin"), famille))});
+    Fenetre fenetre(
+        {dossier.Ecrit(QStringLiteral("petit.beau.xrlg"), ArbreEcrit(QStringLiteral("Les Martin"), famille))});
     Scenario scenario;
     QString fichier;
     scenario.Repond(QStringLiteral("Fichier pdf"));
@@ -119,8 +120,9 @@ void TestImprimer::ecritUnPdfDUnePage()
     const Journal journal(fenetre);
     fenetre.slotFilePrint();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), (QStringList {"Impression...", "[Choix du mode d'impression]", "[Imprimer]",
-                                             "Impression en cours...", "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Impression...", "[Choix du mode d'impression]", "[Imprimer]", "Impression en cours...",
+                          "Prêt."}));
     QCOMPARE(fichier, dossier.Chemin(QStringLiteral("petit.pdf")));
     const auto pdf = Poppler::Document::load(fichier);
     QVERIFY(pdf);
@@ -128,8 +130,8 @@ void TestImprimer::ecritUnPdfDUnePage()
     QCOMPARE(pdf->page(0)->pageSize(), QSize(595, 842));
     // Poppler makes one blank of several.
     const QString texte = pdf->page(0)->text(QRectF()).simplified();
-    for (const char *attendu : {"Paul MARTIN", "Jean MARTIN", "Élise LEFÈVRE", "Les Martin", "Auteur : - Date :",
-                                "Mise à jour - Auteur : - Date :"})
+    for (const char *attendu : {"Paul MARTIN", "Jean MARTIN", "Élise LEFÈVRE", "Les Martin",
+                                "Auteur : - Date :", "Mise à jour - Auteur : - Date :"})
         QVERIFY2(texte.contains(QString::fromUtf8(attendu)), attendu);
 }
 
@@ -146,9 +148,10 @@ void TestImprimer::ecritLesPagesColonneParColonne()
     QVERIFY(pdf);
     QCOMPARE(pdf->numPages(), 8);
     // Columns first: the top row of boxes stands on every other page.
-    const QStringList premiers {"N17", "N22", "N27", "N31"};
+    const QStringList premiers{"N17", "N22", "N27", "N31"};
     for (int colonne = 0; colonne < 4; ++colonne) {
-        QVERIFY2(pdf->page(2 * colonne)->text(QRectF()).contains(premiers.at(colonne)), qPrintable(premiers.at(colonne)));
+        QVERIFY2(pdf->page(2 * colonne)->text(QRectF()).contains(premiers.at(colonne)),
+                 qPrintable(premiers.at(colonne)));
         QVERIFY(!pdf->page(2 * colonne + 1)->text(QRectF()).contains(premiers.at(colonne)));
     }
 }
@@ -210,8 +213,7 @@ void TestImprimer::leDialogueAbandonneNEcritPasDePdf()
     const Journal journal(fenetre);
     fenetre.slotFilePrint();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(),
-             (QStringList {"Impression...", "[Choix du mode d'impression]", "[Imprimer]", "Prêt."}));
+    QCOMPARE(journal.Lignes(), (QStringList{"Impression...", "[Choix du mode d'impression]", "[Imprimer]", "Prêt."}));
     QVERIFY(!QFile::exists(dossier.Chemin(QStringLiteral("rien.pdf"))));
 }
 
@@ -227,8 +229,9 @@ void TestImprimer::imprimanteAbandonneeNeFaitRienSansImprimante()
     fenetre.slotFilePrint();
     QCOMPARE(scenario.Ecarts(), QStringList());
     // It goes ahead all the same, and finds no printer.
-    QCOMPARE(journal.Lignes(), (QStringList {"Impression...", "[Choix du mode d'impression]", "[Imprimer]",
-                                             "Impression en cours...", "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Impression...", "[Choix du mode d'impression]", "[Imprimer]", "Impression en cours...",
+                          "Prêt."}));
     QCOMPARE(dossier.Noms(), avant);
 }
 
@@ -281,7 +284,7 @@ void TestImprimer::rendALEcranSaDisposition()
     scenario.Repond(QStringLiteral("Fichier pdf"));
     Accepte(scenario);
     fenetre.slotFilePrint();
-    QCOMPARE(change, QList<QList<QVariant>> {{1}});
+    QCOMPARE(change, QList<QList<QVariant>>{{1}});
     QCOMPARE(fenetre.doc->arbre->premiere->x, 131);
     QCOMPARE(fenetre.doc->arbre->premiere->y, 271);
     QCOMPARE(fenetre.doc->arbre->derniere->x, 207);

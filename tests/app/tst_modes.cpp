@@ -7,7 +7,6 @@
 
 #include <QAction>
 #include <QLabel>
-#include <QSignalSpy>
 #include <QStatusBar>
 
 /// Which commands are enabled, step by step, and the working mode.
@@ -33,6 +32,10 @@ private Q_SLOTS:
     void autoriserLAnnulationLaRendPossible();
 
 private:
+    /// A number clicks on that person's box, 0 on none.
+    enum Evenement { Ouvre = -1, Mode = -2, Annulable = -3, Remet = -4, ClicAilleurs = 0 };
+    static void Joue(Fenetre &fenetre, const QString &fichier, int evenement);
+
     Dossier dossier;
     QString arbre;
 };
@@ -49,10 +52,35 @@ void TestModes::initTestCase()
                                       {.numero = 7, .nom = QStringLiteral("SEPT")}}));
 }
 
+void TestModes::Joue(Fenetre &fenetre, const QString &fichier, int evenement)
+{
+    Scenario scenario;
+    switch (evenement) {
+    case Ouvre:
+        Choisit(scenario, fichier);
+        fenetre.slotFileOpen();
+        break;
+    case Mode:
+        fenetre.slotModeTravail();
+        break;
+    case Annulable:
+        Q_EMIT fenetre.doc->autoriseAnnulation();
+        break;
+    case Remet:
+        fenetre.resetMenus();
+        break;
+    case ClicAilleurs:
+        CliqueDansLeVide(fenetre);
+        break;
+    default:
+        Clique(fenetre, quint64(evenement));
+        QCOMPARE(fenetre.doc->arbre->selection, Trouve(*fenetre.doc->arbre, quint64(evenement)));
+    }
+    QCOMPARE(scenario.Ecarts(), QStringList());
+}
+
 void TestModes::lesCommandesSuiventLesEvenements_data()
 {
-    // A number clicks that person, 0 clicks on no box.
-    enum Evenement { Ouvre = -1, Mode = -2, Annulable = -3, Remet = -4 };
     QTest::addColumn<QList<int>>("evenements");
     QTest::addColumn<QString>("activees");
     const QString rien;
@@ -80,7 +108,7 @@ void TestModes::lesCommandesSuiventLesEvenements_data()
     ligne("consultation, avec fiche", {Ouvre, 2}, arbreOuvert + fiche);
     ligne("consultation, de l'une à l'autre fiche", {Ouvre, 2, 4}, arbreOuvert + fiche);
     ligne("consultation, de la fiche à sans fiche", {Ouvre, 2, 7}, arbreOuvert);
-    ligne("consultation, désélectionnée", {Ouvre, 2, 0}, arbreOuvert);
+    ligne("consultation, désélectionnée", {Ouvre, 2, ClicAilleurs}, arbreOuvert);
 
     ligne("édition, rien de sélectionné", {Ouvre, Mode}, arbreEdite);
     ligne("édition, les deux parents connus", {Ouvre, Mode, 1}, personneEditee);
@@ -88,7 +116,7 @@ void TestModes::lesCommandesSuiventLesEvenements_data()
     ligne("édition, mère connue", {Ouvre, Mode, 3}, personneEditee + pere);
     ligne("édition, aucun parent", {Ouvre, Mode, 4}, personneEditee + lesDeux);
     ligne("édition, d'aucun parent à deux", {Ouvre, Mode, 7, 1}, personneEditee);
-    ligne("édition, désélectionnée", {Ouvre, Mode, 7, 0}, arbreEdite);
+    ligne("édition, désélectionnée", {Ouvre, Mode, 7, ClicAilleurs}, arbreEdite);
 
     ligne("sélection, puis édition, deux parents", {Ouvre, 1, Mode}, personneEditee);
     ligne("sélection, puis édition, père", {Ouvre, 2, Mode}, personneEditee + mere);
@@ -102,10 +130,9 @@ void TestModes::lesCommandesSuiventLesEvenements_data()
 
     ligne("annulation possible", {Ouvre, Mode, 7, Annulable}, personneEditee + lesDeux + annuler);
     ligne("annulation perdue en sélectionnant", {Ouvre, Mode, 7, Annulable, 4}, personneEditee + lesDeux);
-    ligne("annulation perdue en désélectionnant", {Ouvre, Mode, 7, Annulable, 0}, arbreEdite);
+    ligne("annulation perdue en désélectionnant", {Ouvre, Mode, 7, Annulable, ClicAilleurs}, arbreEdite);
     ligne("annulation perdue en consultant", {Ouvre, Mode, 7, Annulable, Mode}, arbreOuvert);
-    ligne("annulation perdue en retournant éditer", {Ouvre, Mode, 7, Annulable, Mode, Mode},
-          personneEditee + lesDeux);
+    ligne("annulation perdue en retournant éditer", {Ouvre, Mode, 7, Annulable, Mode, Mode}, personneEditee + lesDeux);
     ligne("un autre arbre ouvert en édition", {Ouvre, Mode, 4, Annulable, Ouvre}, arbreOuvert);
     ligne("un autre arbre ouvert en consultation", {Ouvre, 4, Ouvre}, arbreOuvert);
 }
@@ -115,33 +142,15 @@ void TestModes::lesCommandesSuiventLesEvenements()
     QFETCH(const QList<int>, evenements);
     QFETCH(const QString, activees);
     Fenetre fenetre;
-    for (const int evenement : evenements) {
-        Scenario scenario;
-        if (evenement == -1) {
-            Choisit(scenario, arbre);
-            fenetre.slotFileOpen();
-        } else if (evenement == -2) {
-            fenetre.slotModeTravail();
-        } else if (evenement == -3) {
-            Q_EMIT fenetre.doc->autoriseAnnulation();
-        } else if (evenement == -4) {
-            fenetre.resetMenus();
-        } else if (evenement == 0) {
-            CliqueDansLeVide(fenetre);
-        } else {
-            Clique(fenetre, quint64(evenement));
-            QCOMPARE(fenetre.doc->arbre->selection, Trouve(*fenetre.doc->arbre, quint64(evenement)));
-        }
-        QCOMPARE(scenario.Ecarts(), QStringList());
-    }
+    for (const int evenement : evenements)
+        Joue(fenetre, arbre, evenement);
     QStringList attendues = activees.split(u' ', Qt::SkipEmptyParts)
-        + QStringList{QStringLiteral("actFileNew"),        QStringLiteral("actFileOpen"),
-                      QStringLiteral("actFileQuit"),       QStringLiteral("actPreferences"),
-                      QStringLiteral("actViewToolBar"),    QStringLiteral("actViewStatusBar"),
-                      QStringLiteral("actModeAffichage"),  QStringLiteral("actAssembleArbres"),
-                      QStringLiteral("actImporteGED"),     QStringLiteral("actAide"),
-                      QStringLiteral("actHelpAbout"),      QStringLiteral("actHelpAboutQt"),
-                      QStringLiteral("actWhatsThis")};
+        + QStringList{
+            QStringLiteral("actFileNew"),       QStringLiteral("actFileOpen"),       QStringLiteral("actFileQuit"),
+            QStringLiteral("actPreferences"),   QStringLiteral("actViewToolBar"),    QStringLiteral("actViewStatusBar"),
+            QStringLiteral("actModeAffichage"), QStringLiteral("actAssembleArbres"), QStringLiteral("actImporteGED"),
+            QStringLiteral("actAide"),          QStringLiteral("actHelpAbout"),      QStringLiteral("actHelpAboutQt"),
+            QStringLiteral("actWhatsThis")};
     attendues.sort();
     QCOMPARE(ActionsActives(fenetre), attendues);
 }
@@ -253,7 +262,7 @@ void TestModes::selectionnerEnConsultationNeChangeQueLaFiche()
     fenetre.actAnnuler->setEnabled(true);
     fenetre.actAffFicheHTML->setEnabled(true);
     fenetre.modifAnnulee = true;
-    QStringList attendues = ActionsActives(fenetre);
+    const QStringList attendues = ActionsActives(fenetre);
     Clique(fenetre, quint64(numero));
     QTEST(fenetre.actAffFicheHTML->isEnabled(), "fiche");
     fenetre.actAffFicheHTML->setEnabled(true);

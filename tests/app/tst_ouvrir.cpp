@@ -55,12 +55,12 @@ void TestOuvrir::ouvreLeFichierChoisi()
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vu.titre, QStringLiteral("Ouvrir"));
     QCOMPARE(vu.dossier, dossier->Chemin());
-    QCOMPARE(vu.filtres, (QStringList {"Fichiers au format XML (*.xrlg)", "Fichiers anciennes versions (*.rlg)"}));
+    QCOMPARE(vu.filtres, (QStringList{"Fichiers au format XML (*.xrlg)", "Fichiers anciennes versions (*.rlg)"}));
     QVERIFY(!vu.enregistre);
     QCOMPARE(vu.parent, &fenetre);
     QCOMPARE(journal.Lignes(),
-             (QStringList {"Ouverture du fichier...", "[Ouvrir]", "= Ramelier 5.1 - " + chemin,
-                           "Arbre chargé : " + chemin + " (2000 ms)", "Prêt"}));
+             (QStringList{"Ouverture du fichier...", "[Ouvrir]", "= Ramelier 5.1 - " + chemin,
+                          "Arbre chargé : " + chemin + " (2000 ms)", "Prêt"}));
     QCOMPARE(fenetre.windowTitle(), QStringLiteral("Ramelier 5.1 - ") + chemin);
     QCOMPARE(fenetre.fichierArbre, chemin);
     QCOMPARE(fenetre.fichierOptions, dossier->Chemin(QStringLiteral("b.opt")));
@@ -80,7 +80,7 @@ void TestOuvrir::renoncer()
     fenetre.slotFileOpen();
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(journal.Lignes(),
-             (QStringList {"Ouverture du fichier...", "[Ouvrir]", "Echec à l'ouverture du fichier (2000 ms)"}));
+             (QStringList{"Ouverture du fichier...", "[Ouvrir]", "Echec à l'ouverture du fichier (2000 ms)"}));
     QCOMPARE(StatutDe(fenetre), QStringLiteral("Echec à l'ouverture du fichier (2000 ms)"));
     QCOMPARE(fenetre.doc->arbre, arbre);
     QCOMPARE(fenetre.windowTitle(), titre);
@@ -107,7 +107,7 @@ void TestOuvrir::unNomQuiNEstPasUnFichier()
     QCOMPARE(boite.titre, QStringLiteral("Information"));
     QCOMPARE(boite.texte, QStringLiteral("Le fichier ") + chemin + QStringLiteral(" n'existe pas"));
     QCOMPARE(boite.icone, QMessageBox::Information);
-    QCOMPARE(boite.boutons, QStringList {QStringLiteral("OK")});
+    QCOMPARE(boite.boutons, QStringList{QStringLiteral("OK")});
     QCOMPARE(boite.parent, &fenetre);
     QCOMPARE(fenetre.windowTitle(), QStringLiteral("Ramelier 5.1"));
     QCOMPARE(fenetre.fichierArbre, chemin);
@@ -117,7 +117,7 @@ void TestOuvrir::unNomQuiNEstPasUnFichier()
     scenario.Repond(QStringLiteral("OK"));
     const Journal journal(fenetre);
     fenetre.slotFileOpen();
-    QCOMPARE(journal.Lignes(), (QStringList {"le fichier n'exite pas", "[Information]", "Prêt"}));
+    QCOMPARE(journal.Lignes(), (QStringList{"le fichier n'exite pas", "[Information]", "Prêt"}));
 }
 
 void TestOuvrir::unFichierIncorrect()
@@ -142,8 +142,9 @@ void TestOuvrir::unFichierIncorrect()
     QCOMPARE(echec.texte, QStringLiteral("Impossible de charger le fichier ") + mauvais);
     QCOMPARE(echec.icone, QMessageBox::Information);
     QCOMPARE(echec.parent, &fenetre);
-    QCOMPARE(journal.Lignes(), (QStringList {"Ouverture du fichier...", "[Ouvrir]", "[Arbre XRLG]", "fichier incorrect",
-                                             "[Information]", "Prêt"}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Ouverture du fichier...", "[Ouvrir]", "[Arbre XRLG]", "fichier incorrect", "[Information]",
+                          "Prêt"}));
     // The title keeps the last good file's name; the wrong name stays the window's.
     QCOMPARE(fenetre.windowTitle(), titre);
     QCOMPARE(fenetre.fichierArbre, mauvais);
@@ -184,14 +185,15 @@ void TestOuvrir::laGardeProposeDeSauver()
     QCOMPARE(boite.titre, QStringLiteral("Sauvegarde"));
     QCOMPARE(boite.texte, QStringLiteral("L'arbre affiché a été modifié \n enregistrer les modifications ?"));
     QCOMPARE(boite.icone, QMessageBox::Warning);
-    QCOMPARE(boite.boutons, (QStringList {"Oui", "Non", "Annuler"}));
+    QCOMPARE(boite.boutons, (QStringList{"Oui", "Non", "Annuler"}));
     QCOMPARE(boite.defaut, QStringLiteral("Oui"));
     QCOMPARE(boite.echappement, QStringLiteral("Annuler"));
     QCOMPARE(boite.parent, &fenetre);
     // The text of the guard stays in the status bar.
-    QCOMPARE(journal.Lignes(), (QStringList {"L'arbre affiché a été modifié, on vous laisse la possibilité de sauver les "
-                                             "modifications",
-                                             "[Sauvegarde]"}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"L'arbre affiché a été modifié, on vous laisse la possibilité de sauver les "
+                          "modifications",
+                          "[Sauvegarde]"}));
 }
 
 void TestOuvrir::laGardeSelonLaReponse_data()

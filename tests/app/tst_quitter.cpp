@@ -63,7 +63,7 @@ void TestQuitter::quitterSansTravailNeDemandeRien()
     const Journal journal(fenetre);
     QCOMPARE(Quitte(fenetre), 0);
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), QStringList {QStringLiteral("Sortie de l'application...")});
+    QCOMPARE(journal.Lignes(), QStringList{QStringLiteral("Sortie de l'application...")});
     // The window is not closed first.
     QVERIFY(fenetre.isVisible());
     QVERIFY(fermeture.isEmpty());
@@ -85,7 +85,7 @@ void TestQuitter::quitterDemande()
     QCOMPARE(boite.texte,
              QStringLiteral("L'arbre affiché a été modifié \n enregistrer les modifications avant de quitter ?"));
     QCOMPARE(boite.icone, QMessageBox::Warning);
-    QCOMPARE(boite.boutons, (QStringList {"Oui", "Non", "Annuler"}));
+    QCOMPARE(boite.boutons, (QStringList{"Oui", "Non", "Annuler"}));
     QCOMPARE(boite.defaut, QStringLiteral("Oui"));
     QCOMPARE(boite.echappement, QStringLiteral("Annuler"));
     QCOMPARE(boite.parent, &fenetre);
@@ -130,7 +130,7 @@ void TestQuitter::fermerSansTravailNeDemandeRien()
     const Journal journal(fenetre);
     QVERIFY(fenetre.close());
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), QStringList {QStringLiteral("Sortie de l'application...")});
+    QCOMPARE(journal.Lignes(), QStringList{QStringLiteral("Sortie de l'application...")});
     QCOMPARE(fermeture.size(), 1);
     QVERIFY(Reglage("size").isValid());
 }

@@ -54,7 +54,7 @@ void TestSauver::sauveALaMemePlace()
     const Journal journal(fenetre);
     fenetre.slotFileSave();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier...", "Prêt."}));
+    QCOMPARE(journal.Lignes(), (QStringList{"Enregistrement du fichier...", "Prêt."}));
     QCOMPARE(fenetre.labelInfoModif->text(), QString(21, u' '));
     QVERIFY(dossier->Lit(QStringLiteral("a.xrlg")).contains("<titrearbre>Change</titrearbre>"));
     QVERIFY(!fenetre.doc->isModified());
@@ -71,8 +71,9 @@ void TestSauver::sauverSansNomDemandeUnNom()
     fenetre.slotFileSave();
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vu.titre, QStringLiteral("Enregistrer sous"));
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
-                                             "Echec à l'enregistrement du fichier (2000 ms)", "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
+                          "Echec à l'enregistrement du fichier (2000 ms)", "Prêt."}));
 }
 
 void TestSauver::unEchecDeSauvegardeSeDit()
@@ -87,11 +88,12 @@ void TestSauver::unEchecDeSauvegardeSeDit()
     fenetre.slotFileSave();
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(scenario.Boites().first().titre, QStringLiteral("Fichier XRLG"));
-    QCOMPARE(scenario.Boites().first().texte, QStringLiteral("Impossible d'écrire dans le fichier ") + impossible
+    QCOMPARE(scenario.Boites().first().texte,
+             QStringLiteral("Impossible d'écrire dans le fichier ") + impossible
                  + QStringLiteral(":\nAucun fichier ou dossier."));
     QCOMPARE(scenario.Boites().first().icone, QMessageBox::Warning);
     QCOMPARE(scenario.Boites().first().parent, nullptr);
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier...", "[Fichier XRLG]", "Prêt."}));
+    QCOMPARE(journal.Lignes(), (QStringList{"Enregistrement du fichier...", "[Fichier XRLG]", "Prêt."}));
     QVERIFY(fenetre.doc->isModified());
     QCOMPARE(fenetre.labelInfoModif->text(), QStringLiteral(" document modifé "));
 }
@@ -109,13 +111,13 @@ void TestSauver::sauveSousUnNouveauNom()
     fenetre.slotFileSaveAs();
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vu.titre, QStringLiteral("Enregistrer sous"));
-    QCOMPARE(vu.filtres, QStringList {QStringLiteral("Fichiers au format XML (*.xrlg)")});
+    QCOMPARE(vu.filtres, QStringList{QStringLiteral("Fichiers au format XML (*.xrlg)")});
     QVERIFY(vu.enregistre);
     QVERIFY(!vu.confirme);
     QCOMPARE(vu.parent, &fenetre);
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
-                                             "= Ramelier 5.1 - " + nouveau, "Arbre sauvé sous : " + nouveau + " (2000 ms)",
-                                             "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
+                          "= Ramelier 5.1 - " + nouveau, "Arbre sauvé sous : " + nouveau + " (2000 ms)", "Prêt."}));
     QCOMPARE(fenetre.windowTitle(), QStringLiteral("Ramelier 5.1 - ") + nouveau);
     QCOMPARE(fenetre.fichierArbre, nouveau);
     QCOMPARE(fenetre.dernierRep, dossier->Chemin(QStringLiteral("ailleurs")));
@@ -160,8 +162,9 @@ void TestSauver::renoncer()
     const Journal journal(fenetre);
     fenetre.slotFileSaveAs();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
-                                             "Echec à l'enregistrement du fichier (2000 ms)", "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
+                          "Echec à l'enregistrement du fichier (2000 ms)", "Prêt."}));
     QCOMPARE(fenetre.fichierArbre, avant);
     QCOMPARE(fenetre.doc->typeFichier, 0);
     QVERIFY(fenetre.doc->isModified());
@@ -204,10 +207,11 @@ void TestSauver::demandeAvantDeRemplacer()
     QCOMPARE(scenario.Ecarts(), QStringList());
     const BoiteVue &question = scenario.Boites().at(0);
     QCOMPARE(question.titre, QStringLiteral("Sauver sous..."));
-    QCOMPARE(question.texte, QStringLiteral("Le fichier ") + autre
+    QCOMPARE(question.texte,
+             QStringLiteral("Le fichier ") + autre
                  + QStringLiteral(" existe déjà  !!\nVoulez-vous vraiement le remplacer ??"));
     QCOMPARE(question.icone, QMessageBox::Warning);
-    QCOMPARE(question.boutons, (QStringList {"Oui", "Non"}));
+    QCOMPARE(question.boutons, (QStringList{"Oui", "Non"}));
     QCOMPARE(question.defaut, QStringLiteral("Non"));
     QCOMPARE(question.echappement, QStringLiteral("Non"));
     QCOMPARE(question.parent, &fenetre);
@@ -215,10 +219,11 @@ void TestSauver::demandeAvantDeRemplacer()
     QCOMPARE(refus.titre, QStringLiteral("Information"));
     QCOMPARE(refus.texte, QStringLiteral("L'arbre n'a pas été enregistré sous le nouveau nom"));
     QCOMPARE(refus.icone, QMessageBox::Information);
-    QCOMPARE(refus.boutons, QStringList {QStringLiteral("OK")});
+    QCOMPARE(refus.boutons, QStringList{QStringLiteral("OK")});
     QCOMPARE(refus.parent, &fenetre);
-    QCOMPARE(journal.Lignes(), (QStringList {"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]",
-                                             "[Sauver sous...]", "[Information]", "Prêt."}));
+    QCOMPARE(journal.Lignes(),
+             (QStringList{"Enregistrement du fichier sous un nouveau nom...", "[Enregistrer sous]", "[Sauver sous...]",
+                          "[Information]", "Prêt."}));
 }
 
 void TestSauver::remplacerOuNon_data()

@@ -62,8 +62,7 @@ TestDessiner::Resultat TestDessiner::Execute(const QStringList &arguments)
     programme.start(QStringLiteral(RAMELIER_CLI), arguments);
     programme.waitForFinished(60000);
     return {programme.exitStatus() == QProcess::NormalExit ? programme.exitCode() : -1,
-            QString::fromUtf8(programme.readAllStandardOutput()),
-            QString::fromUtf8(programme.readAllStandardError())};
+            QString::fromUtf8(programme.readAllStandardOutput()), QString::fromUtf8(programme.readAllStandardError())};
 }
 
 QString TestDessiner::EcritArbre(int generations) const
@@ -145,12 +144,12 @@ void TestDessiner::mauvaisUsage_data()
     QTest::addColumn<QString>("erreur");
     const QString essayez = QStringLiteral("Essayez « ramelier-cli --help ».\n");
     QTest::newRow("rien") << QStringList() << "ramelier-cli : aucune commande\n" + essayez;
-    QTest::newRow("commande") << QStringList {"peindre"} << "ramelier-cli : commande inconnue : peindre\n" + essayez;
-    QTest::newRow("sans sortie") << QStringList {"dessiner", "a.xrlg"}
+    QTest::newRow("commande") << QStringList{"peindre"} << "ramelier-cli : commande inconnue : peindre\n" + essayez;
+    QTest::newRow("sans sortie") << QStringList{"dessiner", "a.xrlg"}
                                  << "ramelier-cli : dessiner demande deux fichiers : ARBRE SORTIE\n" + essayez;
-    QTest::newRow("format") << QStringList {"dessiner", "a.xrlg", "a.bmp"}
+    QTest::newRow("format") << QStringList{"dessiner", "a.xrlg", "a.bmp"}
                             << "ramelier-cli : le fichier à dessiner doit se terminer par .pdf, .png ou .svg : a.bmp\n"
-                                   + essayez;
+            + essayez;
 }
 
 void TestDessiner::mauvaisUsage()
@@ -167,7 +166,8 @@ void TestDessiner::echoueEtDitPourquoi_data()
     QTest::addColumn<QByteArray>("contenu");
     QTest::addColumn<QString>("sortie");
     QTest::addColumn<QString>("erreur");
-    QTest::newRow("absent") << QByteArray() << "a.png" << "ramelier-cli : Le fichier %1/a.xrlg n'existe pas\n";
+    QTest::newRow("absent") << QByteArray() << "a.png"
+                            << "ramelier-cli : Le fichier %1/a.xrlg n'existe pas\n";
     QTest::newRow("autre XML") << QByteArray("<html/>") << "a.png"
                                << "ramelier-cli : Erreur de syntaxe ligne 1, colonne 6: Le fichier n'est pas un "
                                   "fichier XRLG.\n"
@@ -187,8 +187,7 @@ void TestDessiner::echoueEtDitPourquoi()
         QVERIFY(fichier.open(QIODevice::WriteOnly));
         fichier.write(contenu);
     }
-    const Resultat resultat =
-        Execute({QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg")), Chemin(sortie)});
+    const Resultat resultat = Execute({QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg")), Chemin(sortie)});
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
     QVERIFY(!QFile::exists(Chemin(sortie)));

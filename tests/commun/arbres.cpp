@@ -45,7 +45,7 @@ std::unique_ptr<Arbre> ArbreAuHasard(const Hasard &hasard)
 {
     std::mt19937 tirage(hasard.graine);
     std::uniform_real_distribution<double> chance(0.0, 1.0);
-    QList<quint64> numeros {1};
+    QList<quint64> numeros{1};
     for (qsizetype i = 0; i < numeros.size() && numeros.size() < hasard.personnes; ++i) {
         if (numeros.at(i) >= quint64(1) << 62)
             continue;

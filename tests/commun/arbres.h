@@ -20,11 +20,11 @@ std::unique_ptr<Arbre> ArbreComplet(int generations);
 /// How a random tree grows.
 struct Hasard
 {
-    quint32 graine = 1;            ///< same seed, same tree
-    int personnes = 50;            ///< at most
-    double chanceParent = 0.75;    ///< of each parent to be known
-    double chancePhoto = 0.0;      ///< of a person to take two box widths
-    int generationsEnTrop = 0;     ///< added to the count of generations
+    quint32 graine = 1;          ///< same seed, same tree
+    int personnes = 50;          ///< at most
+    double chanceParent = 0.75;  ///< of each parent to be known
+    double chancePhoto = 0.0;    ///< of a person to take two box widths
+    int generationsEnTrop = 0;   ///< added to the count of generations
 };
 std::unique_ptr<Arbre> ArbreAuHasard(const Hasard &hasard);
 

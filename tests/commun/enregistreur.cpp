@@ -33,8 +33,8 @@ QString QuartDEllipse(const QPainterPath &chemin)
     const QPointF centre = depart + fin - coin;
     const QPointF rayons(std::abs(coin.x() - centre.x()), std::abs(coin.y() - centre.y()));
     const auto angle = [&](QPointF point) {
-        const int degres = qRound(qRadiansToDegrees(std::atan2((centre.y() - point.y()) / rayons.y(),
-                                                               (point.x() - centre.x()) / rayons.x())));
+        const int degres = qRound(qRadiansToDegrees(
+            std::atan2((centre.y() - point.y()) / rayons.y(), (point.x() - centre.x()) / rayons.x())));
         return (degres + 360) % 360;
     };
     const int ouverture = (angle(fin) - angle(depart) + 360) % 360;
@@ -66,12 +66,12 @@ QString CheminEnTexte(const QPainterPath &chemin)
         return QuartDEllipse(chemin);
     if (courbes == 4)
         return RectangleArrondi(chemin);
-    const QString genre = courbes == 0 && chemin.elementCount() == 5 ? QStringLiteral("rectangle ")
-                                                                     : QStringLiteral("chemin ");
+    const QString genre =
+        courbes == 0 && chemin.elementCount() == 5 ? QStringLiteral("rectangle ") : QStringLiteral("chemin ");
     return genre + Rectangle(chemin.boundingRect());
 }
 
-} // namespace
+}  // namespace
 
 QString Trace::EnTexte() const
 {
@@ -99,7 +99,7 @@ public:
 
     bool begin(QPaintDevice * /*appareil*/) override { return true; }
     bool end() override { return true; }
-    void updateState(const QPaintEngineState & /*etat*/) override {}
+    void updateState(const QPaintEngineState & /*etat*/) override { }
     [[nodiscard]] Type type() const override { return User; }
 
     using QPaintEngine::drawLines;

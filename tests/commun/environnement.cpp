@@ -6,7 +6,8 @@ Environnement::Environnement()
 {
     const auto pose = [](const char *nom, const QString &valeur) { qputenv(nom, valeur.toLocal8Bit()); };
     pose("HOME", dossier.path());
-    for (const char *nom : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"}) {
+    for (const char *nom :
+         {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"}) {
         const QString chemin = dossier.filePath(QString::fromLatin1(nom));
         QDir().mkpath(chemin);
         QFile::setPermissions(chemin, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -19,11 +19,11 @@ private:
 };
 
 /// The main function of a test class with an application object of the class \a Application.
-#define RAMELIER_TEST_MAIN(Application, Classe) \
-    int main(int argc, char **argv) \
-    { \
-        const Environnement environnement; \
-        Application application(argc, argv); \
-        Classe test; \
-        return QTest::qExec(&test, argc, argv); \
+#define RAMELIER_TEST_MAIN(Application, Classe)                                                                        \
+    int main(int argc, char **argv)                                                                                    \
+    {                                                                                                                  \
+        const Environnement environnement;                                                                             \
+        Application application(argc, argv);                                                                           \
+        Classe test;                                                                                                   \
+        return QTest::qExec(&test, argc, argv);                                                                        \
     }

@@ -12,7 +12,7 @@ QString TexteDe(const QAbstractButton *bouton)
     return bouton ? bouton->text() : QString();
 }
 
-} // namespace
+}  // namespace
 
 Scenario::Scenario()
 {
@@ -36,14 +36,16 @@ Scenario &Scenario::Repond(const QString &texte)
             }
         }
         ecarts += QStringLiteral("pas de bouton « %1 » dans « %2 »").arg(texte, boite.text());
-        QMetaObject::invokeMethod(&boite, [&boite] { boite.done(QDialog::Rejected); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &boite, [&boite] { boite.done(QDialog::Rejected); }, Qt::QueuedConnection);
     });
 }
 
 Scenario &Scenario::Echappe()
 {
     return Dialogue<QMessageBox>([](QMessageBox &boite) {
-        QMetaObject::invokeMethod(&boite, [&boite] { QTest::keyClick(&boite, Qt::Key_Escape); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            &boite, [&boite] { QTest::keyClick(&boite, Qt::Key_Escape); }, Qt::QueuedConnection);
     });
 }
 
@@ -75,7 +77,8 @@ void Scenario::Regarde()
     ecarts += QStringLiteral("inattendu : %1 « %2 »")
                   .arg(QString::fromLatin1(fenetre->metaObject()->className()), fenetre->windowTitle());
     if (auto *dialogue = qobject_cast<QDialog *>(fenetre))
-        QMetaObject::invokeMethod(dialogue, [dialogue] { dialogue->done(QDialog::Rejected); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            dialogue, [dialogue] { dialogue->done(QDialog::Rejected); }, Qt::QueuedConnection);
     else
         fenetre->close();
 }

@@ -16,9 +16,9 @@ struct BoiteVue
     QString titre;
     QString texte;
     QMessageBox::Icon icone = QMessageBox::NoIcon;
-    QStringList boutons;   ///< their texts, in order
-    QString defaut;        ///< text of the button that answers Return; empty when none
-    QString echappement;   ///< text of the button that answers Escape; empty when none
+    QStringList boutons;  ///< their texts, in order
+    QString defaut;       ///< text of the button that answers Return; empty when none
+    QString echappement;  ///< text of the button that answers Escape; empty when none
     QWidget *parent = nullptr;
 };
 
@@ -38,7 +38,7 @@ public:
     Scenario &Echappe();
     /// The next modal window is a \a T; calls \a action once, when it is shown. The action must not block: it queues
     /// what opens further boxes (ClicPlusTard).
-    template<typename T> Scenario &Dialogue(std::function<void(T &)> action)
+    template <typename T> Scenario &Dialogue(std::function<void(T &)> action)
     {
         etapes.enqueue([action](QWidget *fenetre) {
             auto *dialogue = qobject_cast<T *>(fenetre);

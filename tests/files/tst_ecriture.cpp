@@ -50,7 +50,7 @@ void TestEcriture::creeUnFichier()
     QVERIFY(!QFile::exists(Chemin(QStringLiteral("a"))));
     QVERIFY(ecriture.Termine());
     QCOMPARE(Contenu(QStringLiteral("a")), QByteArray("neuf"));
-    QCOMPARE(Fichiers(), QStringList {QStringLiteral("a")});
+    QCOMPARE(Fichiers(), QStringList{QStringLiteral("a")});
 }
 
 void TestEcriture::remplaceUnFichier()
@@ -78,7 +78,7 @@ void TestEcriture::abandonneeNeChangeRien()
         ecriture.Appareil().write("neuf");
     }
     QCOMPARE(Contenu(QStringLiteral("a")), QByteArray("ancien"));
-    QCOMPARE(Fichiers(), QStringList {QStringLiteral("a")});
+    QCOMPARE(Fichiers(), QStringList{QStringLiteral("a")});
 }
 
 void TestEcriture::suitUnLienQuiNeMenePasEncore()
@@ -96,10 +96,14 @@ void TestEcriture::refuse_data()
 {
     QTest::addColumn<QString>("cible");
     QTest::addColumn<QString>("erreur");
-    QTest::newRow("dossier absent") << "rien/a" << "No such file or directory";
-    QTest::newRow("un dossier") << "dossier" << "Is a directory";
-    QTest::newRow("un tube") << "tube" << "Ce n'est pas un fichier ordinaire";
-    QTest::newRow("un appareil") << "/dev/full" << "Ce n'est pas un fichier ordinaire";
+    QTest::newRow("dossier absent") << "rien/a"
+                                    << "No such file or directory";
+    QTest::newRow("un dossier") << "dossier"
+                                << "Is a directory";
+    QTest::newRow("un tube") << "tube"
+                             << "Ce n'est pas un fichier ordinaire";
+    QTest::newRow("un appareil") << "/dev/full"
+                                 << "Ce n'est pas un fichier ordinaire";
 }
 
 void TestEcriture::refuse()

@@ -223,10 +223,9 @@ void TestFicXrlgLecture::lesBalisesHorsDeLeurPlaceNeFontRien_data()
     QTest::newRow("nom hors d'une personne") << QByteArray("<nom>A</nom><numero>7</numero>") << "";
     QTest::newRow("nom avant infopersonne") << QByteArray("<personne><nom>A</nom></personne>") << "0\n";
     QTest::newRow("sans infopersonne") << QByteArray("<personne><numero>1</numero></personne>") << "1\n";
-    QTest::newRow("deux infopersonne")
-        << QByteArray("<personne><infopersonne><nom>A</nom></infopersonne><infopersonne><prenom>B</prenom>"
-                      "</infopersonne></personne>")
-        << "0 B A\n";
+    QTest::newRow("deux infopersonne") << QByteArray(
+        "<personne><infopersonne><nom>A</nom></infopersonne><infopersonne><prenom>B</prenom>"
+        "</infopersonne></personne>") << "0 B A\n";
     QTest::newRow("personne dans une personne")
         << QByteArray("<personne><numero>1</numero><personne><numero>2</numero></personne></personne>") << "2\n";
     QTest::newRow("balises inconnues") << QByteArray("<chien/><personne><chat>3</chat></personne>") << "0\n";
@@ -282,8 +281,9 @@ void TestFicXrlgLecture::unFichierAbsentSeDit()
     Arbre vide;
     QString repertoire = dossier->path();
     QCOMPARE(readFicXRLG(chemin, repertoire, &vide), 1);
-    QCOMPARE(messages, QStringList {QStringLiteral("avertissement|Arbre XRLG|Impossible de lire le fichier ") + chemin
-                                    + QStringLiteral(":\nNo such file or directory.")});
+    QCOMPARE(messages,
+             QStringList{QStringLiteral("avertissement|Arbre XRLG|Impossible de lire le fichier ") + chemin
+                         + QStringLiteral(":\nNo such file or directory.")});
 }
 
 void TestFicXrlgLecture::gardeLesPersonnesDAvantLErreur()

@@ -102,7 +102,7 @@ void TestRamelierDoc::lesPreferencesServentDeFormats()
     QVERIFY(preferences.open(QIODevice::WriteOnly));
     preferences.write("x\nx\n20\n30\n77\n42\n10\n15\n15\n1\n1\n255\n0\n0\nTimes\n9\n");
     preferences.close();
-    const RamelierDoc autre {QString()};
+    const RamelierDoc autre{QString()};
     QCOMPARE(autre.formatsPref.largeurCadre, 77);
     QCOMPARE(autre.formats.largeurCadre, 77);
     QCOMPARE(autre.formats.couleurTraits, QColor(255, 0, 0));
@@ -138,7 +138,7 @@ void TestRamelierDoc::ouvreUnArbre()
     const QSignalSpy change(doc.get(), &RamelierDoc::documentChanged);
     doc->typeFichier = 3;
     QCOMPARE(Charge(QStringLiteral("a.xrlg")), 1);
-    QCOMPARE(change, QList<QList<QVariant>> {{1}});
+    QCOMPARE(change, QList<QList<QVariant>>{{1}});
     QCOMPARE(doc->nomFichier, Chemin(QStringLiteral("a.xrlg")));
     QVERIFY(doc->arbreCharge);
     QCOMPARE(doc->typeFichier, 0);
@@ -146,7 +146,7 @@ void TestRamelierDoc::ouvreUnArbre()
     // A second tree: the first one is removed before.
     EcritArbre(QStringLiteral("b.xrlg"), 3);
     QCOMPARE(Charge(QStringLiteral("b.xrlg")), 1);
-    QCOMPARE(change, (QList<QList<QVariant>> {{1}, {0}, {1}}));
+    QCOMPARE(change, (QList<QList<QVariant>>{{1}, {0}, {1}}));
     QCOMPARE(NumerosEnTexte(*doc->arbre), QStringLiteral("1 2 3 4 5 6 7"));
 }
 
@@ -204,7 +204,7 @@ void TestRamelierDoc::unEchecLaisseCeQuiAEteLu()
     QVERIFY(change.isEmpty());
     QCOMPARE(messages.size(), 1);
     QCOMPARE(Charge(QStringLiteral("absent.xrlg")), 0);
-    QCOMPARE(change, QList<QList<QVariant>> {{0}});
+    QCOMPARE(change, QList<QList<QVariant>>{{0}});
 }
 
 void TestRamelierDoc::unEchecEffaceLesMarquesDeLAncienArbre()
@@ -337,11 +337,11 @@ void TestRamelierDoc::unClicSelectionne()
     doc->DeselectSelect(5, 5, 1.0F, 1.0F);
     QCOMPARE(signaux, QStringList());
     doc->DeselectSelect(20, 20, 1.0F, 1.0F);
-    QCOMPARE(signaux, (QStringList {"d2", "s1"}));
+    QCOMPARE(signaux, (QStringList{"d2", "s1"}));
     doc->DeselectSelect(21, 21, 1.0F, 1.0F);
-    QCOMPARE(signaux, (QStringList {"d2", "s1"}));
+    QCOMPARE(signaux, (QStringList{"d2", "s1"}));
     doc->DeselectSelect(5, 5, 1.0F, 1.0F);
-    QCOMPARE(signaux, (QStringList {"d2", "s1", "d2", "s0"}));
+    QCOMPARE(signaux, (QStringList{"d2", "s1", "d2", "s0"}));
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestRamelierDoc)

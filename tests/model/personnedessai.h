@@ -38,6 +38,6 @@ struct PersonneDEssai
 
     FormatsDessins formats = FormatsDessins::ParDefaut();
     LesPolices polices = LesPolices::ParDefaut();
-    Personne personne {2};
+    Personne personne{2};
     std::unique_ptr<Enregistreur> dessin = std::make_unique<Enregistreur>();
 };

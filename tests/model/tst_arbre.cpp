@@ -22,7 +22,7 @@ void AjouteDansCetOrdre(Arbre &arbre, const QList<quint64> &numeros)
         arbre.AjoutePersonne(Trouve(arbre, numero / 2), numero % 2 == 0);
 }
 
-} // namespace
+}  // namespace
 
 class TestArbre : public QObject
 {
@@ -130,7 +130,7 @@ void TestArbre::ajouterASaPlace_data()
     QTest::addColumn<quint64>("numero");
     QTest::addColumn<QString>("liste");
 
-    const QList<quint64> trois {2, 4, 8};
+    const QList<quint64> trois{2, 4, 8};
     const auto ligne = [](const char *nom, const QList<quint64> &presents, quint64 numero, const char *liste) {
         QTest::newRow(nom) << presents << numero << QString::fromLatin1(liste);
     };
@@ -236,11 +236,11 @@ void TestArbre::lesParentsSontTriesDansTousLesOrdres_data()
 {
     QTest::addColumn<QList<quint64>>("ordre");
 
-    QTest::newRow("croissant") << QList<quint64> {2, 3, 4, 5, 6};
-    QTest::newRow("5 après 4 et avant 6") << QList<quint64> {2, 4, 5, 3, 6};
-    QTest::newRow("6 avant 5") << QList<quint64> {2, 4, 3, 6, 5};
-    QTest::newRow("mères d'abord") << QList<quint64> {3, 2, 5, 4, 6};
-    QTest::newRow("une lignée puis l'autre") << QList<quint64> {3, 6, 2, 5, 4};
+    QTest::newRow("croissant") << QList<quint64>{2, 3, 4, 5, 6};
+    QTest::newRow("5 après 4 et avant 6") << QList<quint64>{2, 4, 5, 3, 6};
+    QTest::newRow("6 avant 5") << QList<quint64>{2, 4, 3, 6, 5};
+    QTest::newRow("mères d'abord") << QList<quint64>{3, 2, 5, 4, 6};
+    QTest::newRow("une lignée puis l'autre") << QList<quint64>{3, 6, 2, 5, 4};
 }
 
 void TestArbre::lesParentsSontTriesDansTousLesOrdres()
@@ -263,12 +263,12 @@ void TestArbre::unParentAjouteRetrouveSesPropresParents_data()
     QTest::addColumn<quint64>("saMere");
 
     const quint64 aucun = 0;
-    QTest::newRow("les deux parents du père") << QList<quint64> {1, 3, 4, 5} << true << quint64(4) << quint64(5);
-    QTest::newRow("le père du père") << QList<quint64> {1, 4, 9} << true << quint64(4) << aucun;
-    QTest::newRow("la mère du père, seule en tête de rang") << QList<quint64> {1, 5} << true << aucun << quint64(5);
-    QTest::newRow("les deux parents de la mère") << QList<quint64> {1, 4, 6, 7} << false << quint64(6) << quint64(7);
-    QTest::newRow("la mère de la mère") << QList<quint64> {1, 2, 7, 14} << false << aucun << quint64(7);
-    QTest::newRow("aucun des siens") << QList<quint64> {1, 6, 7, 8} << true << aucun << aucun;
+    QTest::newRow("les deux parents du père") << QList<quint64>{1, 3, 4, 5} << true << quint64(4) << quint64(5);
+    QTest::newRow("le père du père") << QList<quint64>{1, 4, 9} << true << quint64(4) << aucun;
+    QTest::newRow("la mère du père, seule en tête de rang") << QList<quint64>{1, 5} << true << aucun << quint64(5);
+    QTest::newRow("les deux parents de la mère") << QList<quint64>{1, 4, 6, 7} << false << quint64(6) << quint64(7);
+    QTest::newRow("la mère de la mère") << QList<quint64>{1, 2, 7, 14} << false << aucun << quint64(7);
+    QTest::newRow("aucun des siens") << QList<quint64>{1, 6, 7, 8} << true << aucun << aucun;
 }
 
 void TestArbre::unParentAjouteRetrouveSesPropresParents()

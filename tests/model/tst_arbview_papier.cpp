@@ -44,7 +44,7 @@ bool EstBlanche(const QImage &image)
     return image == blanche;
 }
 
-} // namespace
+}  // namespace
 
 /// The drawing stays a sheet of paper, whatever the desktop's colours and however much of a tree is there.
 class TestArbViewPapier : public QObject
@@ -160,11 +160,11 @@ void TestArbViewPapier::unArbreAMoitieLuSeDessine_data()
         << debut + personne("1", "0", "<pere>2</pere>\n<mere>3</mere>\n" + donnees + "</personne>\n<") << 1;
     QTest::newRow("père au milieu de ses données")
         << debut + personne("1", "0", "<pere>2</pere>\n" + donnees + "</personne>\n")
-               + personne("2", "1", "<infopersonne>\n<nom>DUP")
+            + personne("2", "1", "<infopersonne>\n<nom>DUP")
         << 1;
     QTest::newRow("générations encore inconnues")
         << debut + personne("1", "0", "<pere>2</pere>\n" + donnees + "</personne>\n")
-               + personne("2", "1", donnees + "</personne>\n<nombregenerations>")
+            + personne("2", "1", donnees + "</personne>\n<nombregenerations>")
         << 2;
 }
 

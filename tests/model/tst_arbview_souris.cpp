@@ -14,7 +14,7 @@ constexpr QPoint dansTrois(260, 100);
 constexpr QPoint bordDeUn(131, 350);
 constexpr QPoint nullePart(20, 300);
 
-} // namespace
+}  // namespace
 
 /// Father at (56, 56), mother at (207, 56), root at (131, 271) in boxes of 113 x 158 pixels.
 class TestArbViewSouris : public QObject
@@ -85,15 +85,13 @@ void TestArbViewSouris::unClicSuitLesRegles_data()
     QTest::addColumn<QPoint>("ou");
     QTest::addColumn<QStringList>("attendus");
     QTest::addColumn<quint64>("apres");
-    const auto clic = [](const char *nom, quint64 avant, Qt::MouseButton bouton, QPoint ou,
-                         const QStringList &attendus, quint64 apres) {
-        QTest::newRow(nom) << avant << bouton << ou << attendus << apres;
-    };
+    const auto clic = [](const char *nom, quint64 avant, Qt::MouseButton bouton, QPoint ou, const QStringList &attendus,
+                         quint64 apres) { QTest::newRow(nom) << avant << bouton << ou << attendus << apres; };
     const QStringList rien;
-    const QStringList choisie {QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 1")};
-    const QStringList aucune {QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 0")};
-    const QStringList menuDehors {QStringLiteral("menuSurgissant 0")};
-    const QStringList menuDedans {QStringLiteral("menuSurgissant 1")};
+    const QStringList choisie{QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 1")};
+    const QStringList aucune{QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 0")};
+    const QStringList menuDehors{QStringLiteral("menuSurgissant 0")};
+    const QStringList menuDedans{QStringLiteral("menuSurgissant 1")};
     clic("gauche, personne", 0, Qt::LeftButton, dansUn, choisie, 1);
     clic("gauche, autre personne", 1, Qt::LeftButton, dansTrois, choisie, 3);
     clic("gauche, personne sélectionnée", 1, Qt::LeftButton, dansUn, rien, 1);
@@ -135,16 +133,16 @@ void TestArbViewSouris::unDoubleClicSuitLesRegles_data()
     QTest::addColumn<QStringList>("attendus");
     const QStringList rien;
     const QString doubleClic = QStringLiteral("personneDoubleCliquee");
-    QTest::newRow("gauche, personne")
-        << quint64(0) << Qt::LeftButton << dansUn
-        << QStringList {QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 1"), doubleClic};
-    QTest::newRow("gauche, personne sélectionnée") << quint64(1) << Qt::LeftButton << dansUn << QStringList {doubleClic};
+    QTest::newRow("gauche, personne") << quint64(0) << Qt::LeftButton << dansUn
+                                      << QStringList{QStringLiteral("documentChanged 2"),
+                                                     QStringLiteral("personneSelectionnee 1"), doubleClic};
+    QTest::newRow("gauche, personne sélectionnée") << quint64(1) << Qt::LeftButton << dansUn << QStringList{doubleClic};
     QTest::newRow("gauche, vide sans sélection") << quint64(0) << Qt::LeftButton << nullePart << rien;
     QTest::newRow("gauche, vide avec sélection")
         << quint64(1) << Qt::LeftButton << nullePart
-        << QStringList {QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 0")};
+        << QStringList{QStringLiteral("documentChanged 2"), QStringLiteral("personneSelectionnee 0")};
     QTest::newRow("droit, personne sélectionnée")
-        << quint64(1) << Qt::RightButton << dansUn << QStringList {QStringLiteral("menuSurgissant 1")};
+        << quint64(1) << Qt::RightButton << dansUn << QStringList{QStringLiteral("menuSurgissant 1")};
     QTest::newRow("milieu, personne sélectionnée") << quint64(1) << Qt::MiddleButton << dansUn << rien;
 }
 
@@ -189,15 +187,14 @@ void TestArbViewSouris::lesSignauxPortentLeursValeurs()
 
 void TestArbViewSouris::laMarqueDeSelectionApparait()
 {
-    // On the left edge of the mark, a dash begins at its top.
-    const auto marque = [this] { return essai->dessin->grab().toImage().pixelColor(128, 270) == QColor(Qt::blue); };
-    QVERIFY(!marque());
-    CompteDeDessins compte(essai->dessin);
+    // On the left edge of the mark, where its first dash begins.
+    const QColor bleu(Qt::blue);
+    QTRY_COMPARE(essai->ALEcran(131, 350), QColor(Qt::black));
+    QVERIFY(essai->ALEcran(128, 270) != bleu);
     QTest::mouseClick(essai->dessin, Qt::LeftButton, {}, dansUn);
-    QTRY_VERIFY(compte.nombre >= 1);
-    QVERIFY(marque());
+    QTRY_COMPARE(essai->ALEcran(128, 270), bleu);
     QTest::mouseClick(essai->dessin, Qt::LeftButton, {}, nullePart);
-    QVERIFY(!marque());
+    QTRY_VERIFY(essai->ALEcran(128, 270) != bleu);
 }
 
 void TestArbViewSouris::selectionnerNeDisposePas()

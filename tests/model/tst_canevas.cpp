@@ -31,7 +31,7 @@ void Place(const Arbre &arbre, const QList<QPoint> &places)
     }
 }
 
-} // namespace
+}  // namespace
 
 class TestCanevas : public QObject
 {
@@ -71,7 +71,7 @@ private:
     /// The rectangle that the text takes there.
     QSize Taille(const QFont &police, const QString &texte);
 
-    QImage image {8, 8, QImage::Format_RGB32};
+    QImage image{8, 8, QImage::Format_RGB32};
     std::unique_ptr<RamelierDoc> document;
 };
 
@@ -102,21 +102,19 @@ void TestCanevas::laTailleDuDessin_data()
     QTest::addColumn<long>("largeur");
     QTest::addColumn<long>("hauteur");
 
-    const QList<int> sansPhoto {-1, -1, -1};
-    QTest::newRow("trois cadres") << QList<QPoint> {{35, 72}, {15, 15}, {55, 15}} << sansPhoto << 100L << 129L;
+    const QList<int> sansPhoto{-1, -1, -1};
+    QTest::newRow("trois cadres") << QList<QPoint>{{35, 72}, {15, 15}, {55, 15}} << sansPhoto << 100L << 129L;
     QTest::newRow("le plus à droite n'est pas le dernier")
-        << QList<QPoint> {{35, 72}, {500, 15}, {55, 15}} << sansPhoto << 545L << 129L;
-    QTest::newRow("une photo à droite") << QList<QPoint> {{35, 72}, {15, 15}, {55, 15}} << QList<int> {-1, -1, 1}
-                                        << 130L << 129L;
+        << QList<QPoint>{{35, 72}, {500, 15}, {55, 15}} << sansPhoto << 545L << 129L;
+    QTest::newRow("une photo à droite") << QList<QPoint>{{35, 72}, {15, 15}, {55, 15}} << QList<int>{-1, -1, 1} << 130L
+                                        << 129L;
     QTest::newRow("une photo qui dépasse sa voisine")
-        << QList<QPoint> {{50, 72}, {15, 15}, {55, 15}} << QList<int> {2, -1, 0} << 125L << 129L;
-    QTest::newRow("une photo qui ne dépasse pas") << QList<QPoint> {{35, 72}, {15, 15}, {55, 15}}
-                                                  << QList<int> {-1, 3, -1} << 100L << 129L;
-    QTest::newRow("à gauche de l'origine")
-        << QList<QPoint> {{35, 72}, {-20, 15}, {55, 15}} << sansPhoto << 120L << 129L;
-    QTest::newRow("au-dessus de l'origine")
-        << QList<QPoint> {{35, 72}, {15, -7}, {55, 15}} << sansPhoto << 100L << 136L;
-    QTest::newRow("à l'origine") << QList<QPoint> {{0, 0}, {0, 0}, {0, 0}} << sansPhoto << 45L << 57L;
+        << QList<QPoint>{{50, 72}, {15, 15}, {55, 15}} << QList<int>{2, -1, 0} << 125L << 129L;
+    QTest::newRow("une photo qui ne dépasse pas")
+        << QList<QPoint>{{35, 72}, {15, 15}, {55, 15}} << QList<int>{-1, 3, -1} << 100L << 129L;
+    QTest::newRow("à gauche de l'origine") << QList<QPoint>{{35, 72}, {-20, 15}, {55, 15}} << sansPhoto << 120L << 129L;
+    QTest::newRow("au-dessus de l'origine") << QList<QPoint>{{35, 72}, {15, -7}, {55, 15}} << sansPhoto << 100L << 136L;
+    QTest::newRow("à l'origine") << QList<QPoint>{{0, 0}, {0, 0}, {0, 0}} << sansPhoto << 45L << 57L;
 }
 
 void TestCanevas::laTailleDuDessin()
@@ -175,14 +173,14 @@ void TestCanevas::leBlocALaPlusGrandeDesTroisLargeurs_data()
     const QString rien;
     const QString court = QStringLiteral("A");
     const QString longue = QStringLiteral("une ligne bien plus longue que toutes les autres du bloc");
-    QTest::newRow("le titre") << QStringList {longue, rien, rien, rien, rien} << true << longue;
-    QTest::newRow("la mise à jour, même vide") << QStringList {court, rien, rien, rien, rien} << false
-                                               << QStringLiteral("Mise à jour - Auteur :  - Date : ");
-    QTest::newRow("la création") << QStringList {court, longue, QStringLiteral("2004"), rien, rien} << false
+    QTest::newRow("le titre") << QStringList{longue, rien, rien, rien, rien} << true << longue;
+    QTest::newRow("la mise à jour, même vide")
+        << QStringList{court, rien, rien, rien, rien} << false << QStringLiteral("Mise à jour - Auteur :  - Date : ");
+    QTest::newRow("la création") << QStringList{court, longue, QStringLiteral("2004"), rien, rien} << false
                                  << QStringLiteral("Auteur : %1 - Date : 2004").arg(longue);
-    QTest::newRow("la création sans auteur") << QStringList {court, rien, longue, rien, rien} << false
-                                             << QStringLiteral("Auteur :  - Date : %1").arg(longue);
-    QTest::newRow("la mise à jour") << QStringList {court, court, court, QStringLiteral("moi"), longue} << false
+    QTest::newRow("la création sans auteur")
+        << QStringList{court, rien, longue, rien, rien} << false << QStringLiteral("Auteur :  - Date : %1").arg(longue);
+    QTest::newRow("la mise à jour") << QStringList{court, court, court, QStringLiteral("moi"), longue} << false
                                     << QStringLiteral("Mise à jour - Auteur : moi - Date : %1").arg(longue);
 }
 

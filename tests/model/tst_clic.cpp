@@ -14,7 +14,7 @@ namespace {
 constexpr float sx = 4.0F;
 constexpr float sy = 2.0F;
 
-} // namespace
+}  // namespace
 
 /// Boxes of 120 x 84 pixels.
 class TestClic : public QObject

@@ -44,10 +44,10 @@ std::unique_ptr<Arbre> ArbreRempli()
     auto arbre = ArbreComplet(3);
     for (Personne *personne = arbre->premiere; personne; personne = personne->suivante) {
         delete personne->info;
-        personne->info = new InfoPersonne(QStringLiteral("DUPONT"), QStringLiteral("Jean"), QStringLiteral("1900"),
-                                          QStringLiteral("Lyon"), QStringLiteral("1970"), QStringLiteral("Paris"),
-                                          QStringLiteral("Une remarque"), QString(), QString(),
-                                          InfoPersonne::PhotoNonEssayee);
+        personne->info =
+            new InfoPersonne(QStringLiteral("DUPONT"), QStringLiteral("Jean"), QStringLiteral("1900"),
+                             QStringLiteral("Lyon"), QStringLiteral("1970"), QStringLiteral("Paris"),
+                             QStringLiteral("Une remarque"), QString(), QString(), InfoPersonne::PhotoNonEssayee);
     }
     Personne *avecPhoto = Trouve(*arbre, 3);
     avecPhoto->info->photo = QImage(40, 50, QImage::Format_RGB32);
@@ -59,7 +59,7 @@ std::unique_ptr<Arbre> ArbreRempli()
     return arbre;
 }
 
-} // namespace
+}  // namespace
 
 /// Lengths, fonts and colours as a damaged options file may give them: something is drawn, at once.
 class TestDessinAbsurde : public QObject
@@ -104,24 +104,27 @@ void TestDessinAbsurde::initTestCase_data()
         reglage.formats.largeurCadre = tresNegatif;
         reglage.formats.hauteurCadre = tresNegatif;
     });
-    ligne("écarts énormes", [](Reglage &reglage) { reglage.formats.distMinHoriz = reglage.formats.distMinVert = enorme; });
+    ligne("écarts énormes",
+          [](Reglage &reglage) { reglage.formats.distMinHoriz = reglage.formats.distMinVert = enorme; });
     ligne("écarts très négatifs",
           [](Reglage &reglage) { reglage.formats.distMinHoriz = reglage.formats.distMinVert = tresNegatif; });
     ligne("marge générale énorme", [](Reglage &reglage) { reglage.formats.margeGenerale = enorme; });
     ligne("marge dans le cadre énorme", [](Reglage &reglage) { reglage.formats.margeDansCadre = enorme; });
     ligne("marge dans le cadre très négative", [](Reglage &reglage) { reglage.formats.margeDansCadre = tresNegatif; });
     ligne("photo au loin", [](Reglage &reglage) { reglage.formats.intervCadrePhoto = enorme; });
-    const QList<std::pair<const char *, float>> reels {{"traits et rayon à zéro", 0.0F},
-                                                       {"traits et rayon négatifs", -5.0F},
-                                                       {"traits et rayon énormes", 3e38F},
-                                                       {"traits et rayon à l'infini", infini},
-                                                       {"traits et rayon à moins l'infini", -infini},
-                                                       {"traits et rayon qui ne sont pas des nombres", pasUnNombre}};
+    const QList<std::pair<const char *, float>> reels{{"traits et rayon à zéro", 0.0F},
+                                                      {"traits et rayon négatifs", -5.0F},
+                                                      {"traits et rayon énormes", 3e38F},
+                                                      {"traits et rayon à l'infini", infini},
+                                                      {"traits et rayon à moins l'infini", -infini},
+                                                      {"traits et rayon qui ne sont pas des nombres", pasUnNombre}};
     for (const auto &[nom, valeur] : reels) {
-        ligne(nom, [reel = valeur](Reglage &reglage) { reglage.formats.epaisseurTraits = reglage.formats.rayonArc = reel; });
+        ligne(nom,
+              [reel = valeur](Reglage &reglage) { reglage.formats.epaisseurTraits = reglage.formats.rayonArc = reel; });
     }
-    ligne("polices d'un million de points",
-          [](Reglage &reglage) { MemesPolices(reglage.polices, FaitPolice(QStringLiteral("Helvetica"), 1'000'000, 75)); });
+    ligne("polices d'un million de points", [](Reglage &reglage) {
+        MemesPolices(reglage.polices, FaitPolice(QStringLiteral("Helvetica"), 1'000'000, 75));
+    });
     ligne("polices sans taille", [](Reglage &reglage) { MemesPolices(reglage.polices, FaitPolice(QString(), 0, 0)); });
     ligne("polices négatives", [](Reglage &reglage) { MemesPolices(reglage.polices, FaitPolice(QString(), -3, -50)); });
     ligne("police inconnue", [](Reglage &reglage) {

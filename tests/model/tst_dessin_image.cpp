@@ -46,7 +46,7 @@ int EncreDe(const QString &texte, QFont::Weight poids)
     return Compte(feuille, feuille.rect());
 }
 
-} // namespace
+}  // namespace
 
 /// Father, mother and root at 4 pixels per millimetre with the default formats and grey texts: boxes of 120 x 168 at
 /// (60, 60), (220, 60) and (140, 288).
@@ -98,9 +98,7 @@ void TestDessinImage::chaquePointALaCouleurAttendue_data()
 {
     QTest::addColumn<QPoint>("point");
     QTest::addColumn<bool>("noir");
-    const auto point = [](const char *nom, int x, int y, bool noir) {
-        QTest::newRow(nom) << QPoint(x, y) << noir;
-    };
+    const auto point = [](const char *nom, int x, int y, bool noir) { QTest::newRow(nom) << QPoint(x, y) << noir; };
     point("bord haut du père", 90, 60, true);
     point("bord gauche du père", 60, 144, true);
     point("bord droit du père", 180, 144, true);

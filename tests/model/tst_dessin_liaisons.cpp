@@ -31,7 +31,7 @@ std::unique_ptr<Arbre> Famille(const QList<quint64> &numeros)
     return arbre;
 }
 
-} // namespace
+}  // namespace
 
 class TestDessinLiaisons : public QObject
 {
@@ -63,16 +63,12 @@ private:
 
 void TestDessinLiaisons::deuxParentsSeRejoignentPuisDescendent()
 {
-    const QStringList attendu {QStringLiteral("ligne 100,104 100,113"),
-                               QStringLiteral("arc 100,108 20x10 2880 1440"),
-                               QStringLiteral("ligne 110,118 210,118"),
-                               QStringLiteral("arc 200,118 20x10 1440 -1440"),
-                               QStringLiteral("ligne 220,123 220,134"),
-                               QStringLiteral("arc 220,118 20x10 2880 -1440"),
-                               QStringLiteral("ligne 230,118 330,118"),
-                               QStringLiteral("ligne 330,118 330,118"),
-                               QStringLiteral("arc 320,108 20x10 4320 1440"),
-                               QStringLiteral("ligne 340,113 340,104")};
+    const QStringList attendu{
+        QStringLiteral("ligne 100,104 100,113"),       QStringLiteral("arc 100,108 20x10 2880 1440"),
+        QStringLiteral("ligne 110,118 210,118"),       QStringLiteral("arc 200,118 20x10 1440 -1440"),
+        QStringLiteral("ligne 220,123 220,134"),       QStringLiteral("arc 220,118 20x10 2880 -1440"),
+        QStringLiteral("ligne 230,118 330,118"),       QStringLiteral("ligne 330,118 330,118"),
+        QStringLiteral("arc 320,108 20x10 4320 1440"), QStringLiteral("ligne 340,113 340,104")};
     QCOMPARE(Liaisons(*Famille({1, 2, 3}), formats)->EnTexte(), attendu);
 }
 
@@ -83,16 +79,12 @@ void TestDessinLiaisons::lesDemiesLongueursSontDesMillimetresEntiers()
     formats.hauteurCadre = 30;
     formats.distMinVert = 23;
     formats.rayonArc = 1.3F;
-    const QStringList attendu {QStringLiteral("ligne 100,80 100,100"),
-                               QStringLiteral("arc 100,98 10x4 2880 1440"),
-                               QStringLiteral("ligne 105,102 215,102"),
-                               QStringLiteral("arc 210,102 10x4 1440 -1440"),
-                               QStringLiteral("ligne 220,104 220,134"),
-                               QStringLiteral("arc 220,102 10x4 2880 -1440"),
-                               QStringLiteral("ligne 225,102 335,102"),
-                               QStringLiteral("ligne 335,102 335,102"),
-                               QStringLiteral("arc 330,98 10x4 4320 1440"),
-                               QStringLiteral("ligne 340,100 340,80")};
+    const QStringList attendu{
+        QStringLiteral("ligne 100,80 100,100"),      QStringLiteral("arc 100,98 10x4 2880 1440"),
+        QStringLiteral("ligne 105,102 215,102"),     QStringLiteral("arc 210,102 10x4 1440 -1440"),
+        QStringLiteral("ligne 220,104 220,134"),     QStringLiteral("arc 220,102 10x4 2880 -1440"),
+        QStringLiteral("ligne 225,102 335,102"),     QStringLiteral("ligne 335,102 335,102"),
+        QStringLiteral("arc 330,98 10x4 4320 1440"), QStringLiteral("ligne 340,100 340,80")};
     QCOMPARE(Liaisons(*Famille({1, 2, 3}), formats)->EnTexte(), attendu);
     const auto pereSeul = Famille({1, 2});
     QCOMPARE(Liaisons(*pereSeul, formats)->EnTexte(), QStringList(QStringLiteral("ligne 100,80 100,134")));
@@ -110,9 +102,9 @@ void TestDessinLiaisons::unMilieuImpairEstTronque()
 void TestDessinLiaisons::sansRayonLesTraitsSeTouchent()
 {
     formats.rayonArc = 0;
-    const QStringList attendu {QStringLiteral("ligne 100,104 100,118"), QStringLiteral("ligne 100,118 220,118"),
-                               QStringLiteral("ligne 220,118 220,134"), QStringLiteral("ligne 220,118 340,118"),
-                               QStringLiteral("ligne 340,118 340,118"), QStringLiteral("ligne 340,118 340,104")};
+    const QStringList attendu{QStringLiteral("ligne 100,104 100,118"), QStringLiteral("ligne 100,118 220,118"),
+                              QStringLiteral("ligne 220,118 220,134"), QStringLiteral("ligne 220,118 340,118"),
+                              QStringLiteral("ligne 340,118 340,118"), QStringLiteral("ligne 340,118 340,104")};
     QCOMPARE(Liaisons(*Famille({1, 2, 3}), formats)->EnTexte(Trace::Genre::Ligne), attendu);
 }
 
@@ -135,10 +127,10 @@ void TestDessinLiaisons::unParentNonAffichableNEstPasRelie_data()
 {
     QTest::addColumn<QList<quint64>>("numeros");
     QTest::addColumn<quint64>("cache");
-    QTest::newRow("père seul") << QList<quint64> {1, 2} << quint64(2);
-    QTest::newRow("mère seule") << QList<quint64> {1, 3} << quint64(3);
-    QTest::newRow("père de deux") << QList<quint64> {1, 2, 3} << quint64(2);
-    QTest::newRow("mère de deux") << QList<quint64> {1, 2, 3} << quint64(3);
+    QTest::newRow("père seul") << QList<quint64>{1, 2} << quint64(2);
+    QTest::newRow("mère seule") << QList<quint64>{1, 3} << quint64(3);
+    QTest::newRow("père de deux") << QList<quint64>{1, 2, 3} << quint64(2);
+    QTest::newRow("mère de deux") << QList<quint64>{1, 2, 3} << quint64(3);
 }
 
 void TestDessinLiaisons::unParentNonAffichableNEstPasRelie()
@@ -212,13 +204,13 @@ void TestDessinLiaisons::lArbreDessineLesPersonnesPuisLesLiaisons()
     QPainter peintre(&dessin);
     arbre->Affiche(&peintre, 4.0F, 2.0F, false, formats, LesPolices::ParDefaut(), true);
     peintre.end();
-    const QStringList attendu {QStringLiteral("cadre 160,134 120x84 rondeurs 20,10"),
-                               QStringLiteral("texte 1"),
-                               QStringLiteral("texte N1"),
-                               QStringLiteral("cadre 40,20 120x84 rondeurs 20,10"),
-                               QStringLiteral("texte 2"),
-                               QStringLiteral("texte N2"),
-                               QStringLiteral("ligne 100,104 100,134")};
+    const QStringList attendu{QStringLiteral("cadre 160,134 120x84 rondeurs 20,10"),
+                              QStringLiteral("texte 1"),
+                              QStringLiteral("texte N1"),
+                              QStringLiteral("cadre 40,20 120x84 rondeurs 20,10"),
+                              QStringLiteral("texte 2"),
+                              QStringLiteral("texte N2"),
+                              QStringLiteral("ligne 100,104 100,134")};
     QCOMPARE(dessin.EnTexte(), attendu);
 }
 

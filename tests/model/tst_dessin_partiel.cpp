@@ -30,14 +30,25 @@ public:
 
     QString Mot()
     {
-        static const QStringList mots {
-            QStringLiteral("de"), QStringLiteral("Jean"), QStringLiteral("Élisabeth-Charlotte"),
-            QStringLiteral("ANTICONSTITUTIONNELLEMENT"), QStringLiteral("WWWWWWWWWWWWWWWWWWWWWWWWWWWWWW"),
-            QStringLiteral("Saint-Étienne-de-Saint-Geoirs/Isère"), QStringLiteral("l'an\u00A0II\u00A0de\u00A0la\u00A0République"),
-            QStringLiteral("Пётр Алексеевич"), QStringLiteral("神聖羅馬帝國皇帝"), QStringLiteral("محمد بن عبد الله"),
-            QStringLiteral("שלמה"), QStringLiteral("e\u0301\u0302\u0303"), QStringLiteral("👑👑"),
-            QStringLiteral("http://exemple.org/une/adresse/tres/longue?q=sans&blanc=aucun"), QStringLiteral("….…-…/…"),
-            QStringLiteral("fin\nde\nligne"), QStringLiteral("\t\ttab"), QStringLiteral("ﬁﬃﷺ"), QStringLiteral("œuvre")};
+        static const QStringList mots{QStringLiteral("de"),
+                                      QStringLiteral("Jean"),
+                                      QStringLiteral("Élisabeth-Charlotte"),
+                                      QStringLiteral("ANTICONSTITUTIONNELLEMENT"),
+                                      QStringLiteral("WWWWWWWWWWWWWWWWWWWWWWWWWWWWWW"),
+                                      QStringLiteral("Saint-Étienne-de-Saint-Geoirs/Isère"),
+                                      QStringLiteral("l'an\u00A0II\u00A0de\u00A0la\u00A0République"),
+                                      QStringLiteral("Пётр Алексеевич"),
+                                      QStringLiteral("神聖羅馬帝國皇帝"),
+                                      QStringLiteral("محمد بن عبد الله"),
+                                      QStringLiteral("שלמה"),
+                                      QStringLiteral("e\u0301\u0302\u0303"),
+                                      QStringLiteral("👑👑"),
+                                      QStringLiteral("http://exemple.org/une/adresse/tres/longue?q=sans&blanc=aucun"),
+                                      QStringLiteral("….…-…/…"),
+                                      QStringLiteral("fin\nde\nligne"),
+                                      QStringLiteral("\t\ttab"),
+                                      QStringLiteral("ﬁﬃﷺ"),
+                                      QStringLiteral("œuvre")};
         return mots.at(Entre(0, static_cast<int>(mots.size()) - 1));
     }
 
@@ -131,7 +142,7 @@ QSize TailleDe(const Arbre &arbre, const Reglage &reglage)
     return {static_cast<int>(qMin(canevas.largeurCanevas, 1500L)), static_cast<int>(canevas.hauteurCanevas + 200)};
 }
 
-} // namespace
+}  // namespace
 
 /// What lies outside the exposed part is not drawn, and nobody can tell.
 class TestDessinPartiel : public QObject
@@ -139,7 +150,9 @@ class TestDessinPartiel : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void unePartieEstIdentiqueAuTout_data();
+    void bandeParBandeLeDessinEstEntier_data() { Reglages(); }
+    void bandeParBandeLeDessinEstEntier();
+    void unePartieEstIdentiqueAuTout_data() { Reglages(); }
     void unePartieEstIdentiqueAuTout();
     void deuxMorceauxSontIdentiquesAuTout();
     void unEcranVideNeDessineRien();
@@ -147,9 +160,12 @@ private Q_SLOTS:
     void seulesLesPersonnesProchesSontDessinees();
     void unTexteQuiDebordeEstDessineDeLoin_data();
     void unTexteQuiDebordeEstDessineDeLoin();
+
+private:
+    static void Reglages();
 };
 
-void TestDessinPartiel::unePartieEstIdentiqueAuTout_data()
+void TestDessinPartiel::Reglages()
 {
     QTest::addColumn<Reglage>("reglage");
     const auto ligne = [](const char *nom, const auto &change) {
@@ -188,8 +204,8 @@ void TestDessinPartiel::unePartieEstIdentiqueAuTout_data()
         reglage.formats.rayonArc = 60.0F;
         reglage.formats.epaisseurTraits = 0.2F;
     });
-    ligne("photos éloignées", [](Reglage &reglage) { reglage.formats.intervCadrePhoto = 40; });
-    ligne("photos sous les cadres", [](Reglage &reglage) { reglage.formats.intervCadrePhoto = -80; });
+    ligne("photos éloignées", [](Reglage &reglage) { reglage.formats.intervCadrePhoto = 120; });
+    ligne("photos sous les cadres", [](Reglage &reglage) { reglage.formats.intervCadrePhoto = -180; });
     ligne("rangées qui se recouvrent", [](Reglage &reglage) { reglage.formats.distMinVert = -30; });
     ligne("cadres sans taille", [](Reglage &reglage) {
         reglage.formats.largeurCadre = 0;
@@ -203,6 +219,40 @@ void TestDessinPartiel::unePartieEstIdentiqueAuTout_data()
         reglage.sx = 3.7795F;
         reglage.sy = 1.3F;
     });
+}
+
+void TestDessinPartiel::bandeParBandeLeDessinEstEntier()
+{
+    // Bands of one pixel, as thin as the exposed part can be: nothing is missed beside any border.
+    QFETCH(Reglage, reglage);
+    reglage.origine += QPoint(250, 150);
+    const auto arbre = ArbreDeNumeros({1, 2, 3});
+    DisposeArbre(*arbre, reglage.formats, reglage.sx, reglage.sy);
+    Personne *mere = Trouve(*arbre, 3);
+    mere->numero = 9223372036854775809U;
+    mere->info->prenom = QString(25, u'W');
+    mere->info->divers = QString(30, u'W').replace(u'W', QStringLiteral("W "));
+    arbre->premiere->info->photo = QImage(60, 40, QImage::Format_RGB32);
+    arbre->premiere->info->photo.fill(Qt::red);
+    arbre->premiere->info->etatPhoto = InfoPersonne::PhotoChargee;
+    mere->selectionnee = true;
+    delete std::exchange(Trouve(*arbre, 2)->info, nullptr);
+    const QSize taille(800, 700);
+    const QImage tout = Dessine(*arbre, reglage, taille);
+    for (const bool colonnes : {true, false}) {
+        QImage feuille(taille, QImage::Format_RGB32);
+        feuille.fill(Qt::white);
+        QPainter peintre(&feuille);
+        peintre.translate(reglage.origine);
+        for (int rang = 0; rang < (colonnes ? taille.width() : taille.height()); ++rang) {
+            const QRect bande = colonnes ? QRect(rang, 0, 1, taille.height()) : QRect(0, rang, taille.width(), 1);
+            peintre.setClipRect(bande.translated(-reglage.origine));
+            arbre->Affiche(&peintre, reglage.sx, reglage.sy, false, reglage.formats, reglage.polices,
+                           reglage.arbreOuvert);
+        }
+        peintre.end();
+        QVERIFY2(feuille == tout, colonnes ? "colonnes" : "rangées");
+    }
 }
 
 void TestDessinPartiel::unePartieEstIdentiqueAuTout()

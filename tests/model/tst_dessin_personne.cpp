@@ -124,21 +124,21 @@ void TestDessinPersonne::toutSeDessineDansLOrdre()
     essai->personne.info->photo = QImage(60, 60, QImage::Format_RGB32);
     essai->personne.info->etatPhoto = InfoPersonne::PhotoChargee;
     essai->Affiche();
-    const QStringList attendu {QStringLiteral("cadre 100,200 120x84 rondeurs 20,10"),
-                               QStringLiteral("ligne 97,197 138,197"),
-                               QStringLiteral("ligne 181,197 222,197"),
-                               QStringLiteral("ligne 222,197 222,286"),
-                               QStringLiteral("ligne 97,197 97,286"),
-                               QStringLiteral("ligne 97,286 159,286"),
-                               QStringLiteral("ligne 159,286 222,286"),
-                               QStringLiteral("texte 4"),
-                               QStringLiteral("image 228,200 84x84"),
-                               QStringLiteral("texte Jean DUPONT"),
-                               QStringLiteral("texte ° 1er mai 1900"),
-                               QStringLiteral("texte à Lyon"),
-                               QStringLiteral("texte + vers 1970"),
-                               QStringLiteral("texte à Paris"),
-                               QStringLiteral("texte Notaire")};
+    const QStringList attendu{QStringLiteral("cadre 100,200 120x84 rondeurs 20,10"),
+                              QStringLiteral("ligne 97,197 138,197"),
+                              QStringLiteral("ligne 181,197 222,197"),
+                              QStringLiteral("ligne 222,197 222,286"),
+                              QStringLiteral("ligne 97,197 97,286"),
+                              QStringLiteral("ligne 97,286 159,286"),
+                              QStringLiteral("ligne 159,286 222,286"),
+                              QStringLiteral("texte 4"),
+                              QStringLiteral("image 228,200 84x84"),
+                              QStringLiteral("texte Jean DUPONT"),
+                              QStringLiteral("texte ° 1er mai 1900"),
+                              QStringLiteral("texte à Lyon"),
+                              QStringLiteral("texte + vers 1970"),
+                              QStringLiteral("texte à Paris"),
+                              QStringLiteral("texte Notaire")};
     QCOMPARE(essai->dessin->EnTexte(), attendu);
 }
 
@@ -158,11 +158,10 @@ void TestDessinPersonne::lesChampsVidesNOntPasDeLigne_data()
     ligne("lieu de naissance", {vide, vide, vide, QStringLiteral("Lyon"), vide, vide, vide},
           {QStringLiteral("à Lyon")});
     ligne("décès", {vide, vide, vide, vide, QStringLiteral("1970"), vide, vide}, {QStringLiteral("+ 1970")});
-    ligne("lieu de décès", {vide, vide, vide, vide, vide, QStringLiteral("Paris"), vide},
-          {QStringLiteral("à Paris")});
+    ligne("lieu de décès", {vide, vide, vide, vide, vide, QStringLiteral("Paris"), vide}, {QStringLiteral("à Paris")});
     ligne("remarque", {vide, vide, vide, vide, vide, vide, QStringLiteral("Notaire")}, {QStringLiteral("Notaire")});
-    ligne("un sur deux", {QStringLiteral("DUPONT"), vide, vide, QStringLiteral("Lyon"), vide, vide,
-                          QStringLiteral("Notaire")},
+    ligne("un sur deux",
+          {QStringLiteral("DUPONT"), vide, vide, QStringLiteral("Lyon"), vide, vide, QStringLiteral("Notaire")},
           {QStringLiteral("DUPONT"), QStringLiteral("à Lyon"), QStringLiteral("Notaire")});
 }
 
@@ -187,8 +186,8 @@ void TestDessinPersonne::leModeReduitNeGardeQueNumeroNomEtDates()
     essai->personne.info->photo = QImage(60, 60, QImage::Format_RGB32);
     essai->personne.info->etatPhoto = InfoPersonne::PhotoChargee;
     essai->Affiche(false, false);
-    const QStringList attendu {QStringLiteral("texte 4"), QStringLiteral("texte Jean DUPONT"),
-                               QStringLiteral("texte ° 1er mai 1900"), QStringLiteral("texte + vers 1970")};
+    const QStringList attendu{QStringLiteral("texte 4"), QStringLiteral("texte Jean DUPONT"),
+                              QStringLiteral("texte ° 1er mai 1900"), QStringLiteral("texte + vers 1970")};
     QCOMPARE(essai->dessin->EnTexte(), attendu);
     QCOMPARE(essai->personne.info->etatPhoto, int(InfoPersonne::PhotoChargee));
 }
@@ -196,14 +195,14 @@ void TestDessinPersonne::leModeReduitNeGardeQueNumeroNomEtDates()
 void TestDessinPersonne::uneImpressionSeDessineDeMeme()
 {
     essai->Affiche(true);
-    const QStringList attendu {QStringLiteral("cadre 100,200 120x84 rondeurs 20,10"),
-                               QStringLiteral("texte 4"),
-                               QStringLiteral("texte Jean DUPONT"),
-                               QStringLiteral("texte ° 1er mai 1900"),
-                               QStringLiteral("texte à Lyon"),
-                               QStringLiteral("texte + vers 1970"),
-                               QStringLiteral("texte à Paris"),
-                               QStringLiteral("texte Notaire")};
+    const QStringList attendu{QStringLiteral("cadre 100,200 120x84 rondeurs 20,10"),
+                              QStringLiteral("texte 4"),
+                              QStringLiteral("texte Jean DUPONT"),
+                              QStringLiteral("texte ° 1er mai 1900"),
+                              QStringLiteral("texte à Lyon"),
+                              QStringLiteral("texte + vers 1970"),
+                              QStringLiteral("texte à Paris"),
+                              QStringLiteral("texte Notaire")};
     QCOMPARE(essai->dessin->EnTexte(), attendu);
 }
 
@@ -235,12 +234,10 @@ void TestDessinPersonne::lesPolicesDesLignesNePrennentQueFamilleEtTaille()
         int poids;
         bool italique;
     };
-    const QList<Attendue> attendues {{QStringLiteral("Jean DUPONT"), QFont::Bold, false},
-                                     {QStringLiteral("° 1er mai 1900"), QFont::Normal, false},
-                                     {QStringLiteral("à Lyon"), QFont::Normal, false},
-                                     {QStringLiteral("+ vers 1970"), QFont::Normal, false},
-                                     {QStringLiteral("à Paris"), QFont::Normal, false},
-                                     {QStringLiteral("Notaire"), QFont::Normal, true}};
+    const QList<Attendue> attendues{
+        {QStringLiteral("Jean DUPONT"), QFont::Bold, false}, {QStringLiteral("° 1er mai 1900"), QFont::Normal, false},
+        {QStringLiteral("à Lyon"), QFont::Normal, false},    {QStringLiteral("+ vers 1970"), QFont::Normal, false},
+        {QStringLiteral("à Paris"), QFont::Normal, false},   {QStringLiteral("Notaire"), QFont::Normal, true}};
     for (const Attendue &attendue : attendues) {
         const QFont police = essai->dessin->Texte(attendue.texte).police;
         QCOMPARE(police.family(), QStringLiteral("Liberation Serif"));
@@ -304,7 +301,8 @@ void TestDessinPersonne::lesTextesRestentEntreLesMarges()
     QFETCH(double, gauche);
     QFETCH(double, droite);
     essai->formats.margeDansCadre = marge;
-    essai->personne.info->divers = QStringLiteral("un mot puis un autre et encore un autre mot jusqu'au bout de la ligne");
+    essai->personne.info->divers =
+        QStringLiteral("un mot puis un autre et encore un autre mot jusqu'au bout de la ligne");
     essai->Affiche();
     double plusLarge = 0;
     for (const Trace &texte : essai->dessin->Traces(Trace::Genre::Texte)) {

@@ -12,7 +12,7 @@ QImage Unie(int largeur, int hauteur, Qt::GlobalColor couleur)
     return image;
 }
 
-} // namespace
+}  // namespace
 
 /// The photo beside the box and the cache of its scaled copies.
 class TestDessinPhoto : public QObject
@@ -27,6 +27,7 @@ private Q_SLOTS:
     void laPhotoTientDansUnCadreSansSeDeformer();
     void laPhotoSEcarteDeLIntervalleEtDuTrait_data();
     void laPhotoSEcarteDeLIntervalleEtDuTrait();
+    void lEcartNEstTronqueQuUneFois();
     void lEtatAlterneEntreEcranEtImpression();
     void uneCopieValideSertEncore_data();
     void uneCopieValideSertEncore();
@@ -102,10 +103,20 @@ void TestDessinPhoto::laPhotoSEcarteDeLIntervalleEtDuTrait()
     QCOMPARE(Images(false), QStringList(attendu));
 }
 
+void TestDessinPhoto::lEcartNEstTronqueQuUneFois()
+{
+    // 1 mm and 1 mm at 96 dots per inch: 7.56 pixels, not twice 3.
+    const auto echelle = static_cast<float>(96 / 25.4);
+    QPainter peintre(essai->dessin.get());
+    essai->personne.AffichePhoto(&peintre, echelle, echelle, false, essai->formats);
+    peintre.end();
+    QCOMPARE(essai->dessin->EnTexte(), QStringList({QStringLiteral("image 220,200 113x113")}));
+}
+
 void TestDessinPhoto::lEtatAlterneEntreEcranEtImpression()
 {
     InfoPersonne &info = *essai->personne.info;
-    const QStringList attendu {QStringLiteral("image 228,200 84x84")};
+    const QStringList attendu{QStringLiteral("image 228,200 84x84")};
     QCOMPARE(Images(false), attendu);
     QCOMPARE(info.etatPhoto, 2);
     QCOMPARE(info.photoEcran.size(), QSize(84, 84));

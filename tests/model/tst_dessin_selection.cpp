@@ -28,9 +28,9 @@ void TestDessinSelection::laSelectionEstUnCadreBleuEnSixTraits()
     QPainter peintre(essai->dessin.get());
     essai->personne.TraceSelection(&peintre, PersonneDEssai::sx, PersonneDEssai::sy, true, essai->formats);
     peintre.end();
-    const QStringList attendu {QStringLiteral("ligne 97,197 138,197"), QStringLiteral("ligne 181,197 222,197"),
-                               QStringLiteral("ligne 222,197 222,286"), QStringLiteral("ligne 97,197 97,286"),
-                               QStringLiteral("ligne 97,286 159,286"), QStringLiteral("ligne 159,286 222,286")};
+    const QStringList attendu{QStringLiteral("ligne 97,197 138,197"),  QStringLiteral("ligne 181,197 222,197"),
+                              QStringLiteral("ligne 222,197 222,286"), QStringLiteral("ligne 97,197 97,286"),
+                              QStringLiteral("ligne 97,286 159,286"),  QStringLiteral("ligne 159,286 222,286")};
     QCOMPARE(essai->dessin->EnTexte(), attendu);
     for (const Trace &trace : essai->dessin->Traces()) {
         QCOMPARE(trace.plume.color(), QColor(Qt::blue));
@@ -67,9 +67,9 @@ void TestDessinSelection::laSelectionSuitLesDimensionsDuCadre()
     essai->formats.epaisseurTraits = 0.5F;
     essai->personne.selectionnee = true;
     essai->Affiche(false, false);
-    const QStringList attendu {QStringLiteral("ligne 97,197 132,197"), QStringLiteral("ligne 167,197 202,197"),
-                               QStringLiteral("ligne 202,197 202,232"), QStringLiteral("ligne 97,197 97,232"),
-                               QStringLiteral("ligne 97,232 149,232"), QStringLiteral("ligne 149,232 202,232")};
+    const QStringList attendu{QStringLiteral("ligne 97,197 132,197"),  QStringLiteral("ligne 167,197 202,197"),
+                              QStringLiteral("ligne 202,197 202,232"), QStringLiteral("ligne 97,197 97,232"),
+                              QStringLiteral("ligne 97,232 149,232"),  QStringLiteral("ligne 149,232 202,232")};
     QCOMPARE(essai->dessin->EnTexte(Trace::Genre::Ligne), attendu);
     QCOMPARE(essai->dessin->Traces(Trace::Genre::Ligne).first().plume.width(), 2);
 }
@@ -101,7 +101,8 @@ void TestDessinSelection::lePeintreEstRenduCommeIlEtait()
     peintre.setPen(plume);
     peintre.setBrush(brosse);
     peintre.setFont(police);
-    essai->personne.Affiche(&peintre, PersonneDEssai::sx, PersonneDEssai::sy, false, essai->formats, essai->polices, arbreOuvert);
+    essai->personne.Affiche(&peintre, PersonneDEssai::sx, PersonneDEssai::sy, false, essai->formats, essai->polices,
+                            arbreOuvert);
     essai->personne.TraceSelection(&peintre, PersonneDEssai::sx, PersonneDEssai::sy, true, essai->formats);
     QCOMPARE(peintre.pen(), plume);
     QCOMPARE(peintre.brush(), brosse);

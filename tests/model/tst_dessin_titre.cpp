@@ -58,9 +58,8 @@ std::unique_ptr<Enregistreur> TestDessinTitre::Titre() const
 void TestDessinTitre::lesTroisLignesSontALeurPlace()
 {
     const auto dessin = Titre();
-    const QStringList attendu {QStringLiteral("Famille Dupont"),
-                               QStringLiteral("Auteur : Jean - Date : 1er mai 1999"),
-                               QStringLiteral("Mise à jour - Auteur : Anne - Date : 2 juin 2001")};
+    const QStringList attendu{QStringLiteral("Famille Dupont"), QStringLiteral("Auteur : Jean - Date : 1er mai 1999"),
+                              QStringLiteral("Mise à jour - Auteur : Anne - Date : 2 juin 2001")};
     QCOMPARE(dessin->Textes(), attendu);
     QCOMPARE(dessin->Traces().size(), 3);
     QCOMPARE(dessin->Traces().at(0).position, QPointF(100, 50));
@@ -105,7 +104,7 @@ void TestDessinTitre::lesEtiquettesSEcriventMemeSansValeur()
     InfoArbre &info = *doc->arbre->infoArbre;
     info.creepar = info.majpar = creepar;
     info.date = info.datemaj = date;
-    const QStringList attendu {QStringLiteral("Famille Dupont"), creation, miseAJour};
+    const QStringList attendu{QStringLiteral("Famille Dupont"), creation, miseAJour};
     QCOMPARE(Titre()->Textes(), attendu);
 }
 

@@ -29,7 +29,7 @@ std::unique_ptr<Arbre> ArbreDeplace(const Numeros &numeros, const Numeros &photo
     return arbre;
 }
 
-} // namespace
+}  // namespace
 
 class TestDisposition : public QObject
 {
@@ -80,8 +80,7 @@ void TestDisposition::aUnPixelParMillimetre_data()
     ligne("photo du père", {1, 2, 3}, {2}, "1:50,72 2:15,15 3:85,15");
     ligne("photo de la mère, sans voisine", {1, 2, 3}, {3}, "1:35,72 2:15,15 3:55,15");
     ligne("photo de la racine", {1, 2, 3}, {1}, "1:35,72 2:15,15 3:55,15");
-    ligne("trois générations", {1, 2, 3, 4, 5, 6, 7}, {},
-          "1:75,129 2:35,72 3:115,72 4:15,15 5:55,15 6:95,15 7:135,15");
+    ligne("trois générations", {1, 2, 3, 4, 5, 6, 7}, {}, "1:75,129 2:35,72 3:115,72 4:15,15 5:55,15 6:95,15 7:135,15");
     ligne("centré malgré une photo de grand-père", {1, 2, 3, 4, 5, 6, 7}, {5},
           "1:90,129 2:35,72 3:145,72 4:15,15 5:55,15 6:125,15 7:165,15");
     ligne("exactement sous le père", {1, 2, 3, 4, 6, 7}, {}, "1:45,129 2:15,72 3:75,72 4:15,15 6:55,15 7:95,15");
@@ -148,8 +147,8 @@ void TestDisposition::reduiteALEchelleDeLEcran_data()
     QTest::addColumn<QString>("positions");
 
     // Margins 18 (18.90), rows every 79 (79.37), a person takes 98 (98.27), with a photo 192 (192.76).
-    QTest::newRow("sans photo") << Numeros {} << QStringLiteral("1:67,97 2:18,18 3:116,18");
-    QTest::newRow("une photo tient sa place") << Numeros {2} << QStringLiteral("1:114,97 2:18,18 3:210,18");
+    QTest::newRow("sans photo") << Numeros{} << QStringLiteral("1:67,97 2:18,18 3:116,18");
+    QTest::newRow("une photo tient sa place") << Numeros{2} << QStringLiteral("1:114,97 2:18,18 3:210,18");
 }
 
 void TestDisposition::reduiteALEchelleDeLEcran()

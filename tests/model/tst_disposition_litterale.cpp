@@ -41,8 +41,8 @@ public:
         }
     }
 
-    int corrections = 0;      ///< passes that moved something after the first one
-    int ecartsAGauche = 0;    ///< moves of ancestors measured from a place left of the person's own
+    int corrections = 0;    ///< passes that moved something after the first one
+    int ecartsAGauche = 0;  ///< moves of ancestors measured from a place left of the person's own
 
 private:
     static long EnPixels(long millimetres, float echelle)
@@ -143,8 +143,8 @@ private:
 /// How the trees of a row are drawn by lot.
 struct Tirage
 {
-    int arbres = 0;             ///< how many
-    int plusPetit = 1;          ///< number of persons wished for
+    int arbres = 0;     ///< how many
+    int plusPetit = 1;  ///< number of persons wished for
     int plusGrand = 200;
     double chancePhoto = 0;
     double chanceTrou = 0;      ///< of a person to be missing although its parents are there
@@ -172,7 +172,7 @@ Lot TireUnLot(const Tirage &tirage, quint32 graine)
     Lot lot;
     const int voulues = entre(tirage.plusPetit, tirage.plusGrand);
     const double chanceParent = 0.01 * entre(50, 100);
-    QList<quint64> numeros {1};
+    QList<quint64> numeros{1};
     for (qsizetype i = 0; i < numeros.size() && numeros.size() < voulues; ++i) {
         if (numeros.at(i) >= quint64(1) << 62)
             continue;
@@ -243,7 +243,7 @@ QString PremierEcart(const Arbre &arbre, const Arbre &attendu)
     return {};
 }
 
-} // namespace
+}  // namespace
 
 /// The fast layout against the literal one, on random trees. A failure names its seed: the row and the seed replay it.
 class TestDispositionLitterale : public QObject
@@ -262,8 +262,9 @@ void TestDispositionLitterale::lesDeuxSAccordentSurUnExemple()
     const FormatsDessins formats = FormatsDessins::ParDefaut();
     DispositionLitterale litterale(*arbre, formats, 1.0F, 1.0F);
     litterale.Execute();
-    QCOMPARE(PositionsEnTexte(*arbre), QStringLiteral("1:50,243 2:15,186 3:85,186 5:15,129 6:55,129 7:115,129 "
-                                                      "12:55,72 14:95,72 15:135,72 29:95,15"));
+    QCOMPARE(PositionsEnTexte(*arbre),
+             QStringLiteral("1:50,243 2:15,186 3:85,186 5:15,129 6:55,129 7:115,129 "
+                            "12:55,72 14:95,72 15:135,72 29:95,15"));
     QCOMPARE(litterale.corrections, 1);
 }
 
@@ -273,18 +274,17 @@ void TestDispositionLitterale::commeLesReglesALaLettre_data()
     QTest::addColumn<int>("arbresCorriges");  // at least, where a correction moved somebody
     QTest::addColumn<int>("ecartsAGauche");   // at least
 
-    QTest::newRow("petits") << Tirage {.arbres = 3000, .plusGrand = 30} << 20 << 0;
-    QTest::newRow("moyens") << Tirage {.arbres = 2500, .plusPetit = 30} << 500 << 0;
-    QTest::newRow("photos") << Tirage {.arbres = 2000, .chancePhoto = 0.3} << 300 << 0;
-    QTest::newRow("trous") << Tirage {.arbres = 1500, .chancePhoto = 0.1, .chanceTrou = 0.15} << 100 << 0;
+    QTest::newRow("petits") << Tirage{.arbres = 3000, .plusGrand = 30} << 20 << 0;
+    QTest::newRow("moyens") << Tirage{.arbres = 2500, .plusPetit = 30} << 500 << 0;
+    QTest::newRow("photos") << Tirage{.arbres = 2000, .chancePhoto = 0.3} << 300 << 0;
+    QTest::newRow("trous") << Tirage{.arbres = 1500, .chancePhoto = 0.1, .chanceTrou = 0.15} << 100 << 0;
     QTest::newRow("générations en trop")
-        << Tirage {.arbres = 1000, .plusGrand = 120, .chancePhoto = 0.1, .generationsEnTrop = 9} << 100 << 0;
+        << Tirage{.arbres = 1000, .plusGrand = 120, .chancePhoto = 0.1, .generationsEnTrop = 9} << 100 << 0;
     QTest::newRow("générations non comptées")
-        << Tirage {.arbres = 500, .plusPetit = 10, .plusGrand = 100, .generationsEnTrop = -2} << 50 << 0;
-    QTest::newRow("marge négative")
-        << Tirage {.arbres = 1000, .plusGrand = 120, .chancePhoto = 0.2, .marge = -77} << 100 << 5;
-    QTest::newRow("grands")
-        << Tirage {.arbres = 60, .plusPetit = 500, .plusGrand = 1000, .chancePhoto = 0.1} << 40 << 0;
+        << Tirage{.arbres = 500, .plusPetit = 10, .plusGrand = 100, .generationsEnTrop = -2} << 50 << 0;
+    QTest::newRow("marge négative") << Tirage{.arbres = 1000, .plusGrand = 120, .chancePhoto = 0.2, .marge = -77} << 100
+                                    << 5;
+    QTest::newRow("grands") << Tirage{.arbres = 60, .plusPetit = 500, .plusGrand = 1000, .chancePhoto = 0.1} << 40 << 0;
 }
 
 void TestDispositionLitterale::commeLesReglesALaLettre()

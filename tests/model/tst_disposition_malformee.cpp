@@ -46,7 +46,7 @@ std::unique_ptr<Arbre> ArbreMalFormeAuHasard(std::mt19937 &hasard, bool commeLus
     return arbre;
 }
 
-} // namespace
+}  // namespace
 
 /// Trees that no rule would bring to rest, as a damaged file may leave them: the layout gives up after 100 corrections.
 class TestDispositionMalFormee : public QObject

@@ -84,10 +84,10 @@ QString LiensEnTexte(const Arbre &arbre)
 /// How the lists of a row are drawn by lot.
 struct Tirage
 {
-    int personnes;        ///< at most
-    quint64 plusGrand;    ///< number
-    bool triee;           ///< numbers that grow along the list
-    double chanceVrai;    ///< of a parent's number to be 2n or 2n + 1, else any number
+    int personnes;      ///< at most
+    quint64 plusGrand;  ///< number
+    bool triee;         ///< numbers that grow along the list
+    double chanceVrai;  ///< of a parent's number to be 2n or 2n + 1, else any number
 };
 
 QList<Fiche> FichesAuHasard(const Tirage &tirage, std::mt19937 &hasard)
@@ -98,8 +98,7 @@ QList<Fiche> FichesAuHasard(const Tirage &tirage, std::mt19937 &hasard)
     for (Fiche &fiche : fiches)
         fiche.numero = entre(0, tirage.plusGrand);
     if (tirage.triee) {
-        std::sort(fiches.begin(), fiches.end(),
-                  [](const Fiche &a, const Fiche &b) { return a.numero < b.numero; });
+        std::sort(fiches.begin(), fiches.end(), [](const Fiche &a, const Fiche &b) { return a.numero < b.numero; });
     }
     for (Fiche &fiche : fiches) {
         if (chance(0.8))
@@ -110,7 +109,7 @@ QList<Fiche> FichesAuHasard(const Tirage &tirage, std::mt19937 &hasard)
     return fiches;
 }
 
-} // namespace
+}  // namespace
 
 class TestLiens : public QObject
 {
@@ -148,8 +147,8 @@ void TestLiens::lesParentsSontRetrouves_data()
     ligne("d'autres numéros que le double", {{1, 30, 12}, {12, 0, 99}, {30}, {99}}, "1>30,12 12>,99");
     ligne("au-delà de 32 bits", {{4294967297, 8589934594, 8589934595}, {8589934594}, {8589934595}},
           "4294967297>8589934594,8589934595");
-    ligne("les plus grands numéros", {{1, 18446744073709551614U, 18446744073709551615U}, {18446744073709551614U},
-                                      {18446744073709551615U}},
+    ligne("les plus grands numéros",
+          {{1, 18446744073709551614U, 18446744073709551615U}, {18446744073709551614U}, {18446744073709551615U}},
           "1>18446744073709551614,18446744073709551615");
 }
 
@@ -209,12 +208,12 @@ void TestLiens::commeLeBalayage_data()
     QTest::addColumn<Tirage>("tirage");
     QTest::addColumn<int>("listes");
 
-    QTest::newRow("listes triées") << Tirage {60, 60, true, 1.0} << 800;
-    QTest::newRow("listes triées, numéros faux") << Tirage {60, 60, true, 0.5} << 600;
-    QTest::newRow("listes en désordre") << Tirage {40, 40, false, 0.9} << 800;
-    QTest::newRow("beaucoup de doublons") << Tirage {30, 6, false, 0.5} << 800;
-    QTest::newRow("beaucoup de zéros") << Tirage {12, 1, false, 0.5} << 400;
-    QTest::newRow("grandes listes") << Tirage {400, 300, true, 0.8} << 100;
+    QTest::newRow("listes triées") << Tirage{60, 60, true, 1.0} << 800;
+    QTest::newRow("listes triées, numéros faux") << Tirage{60, 60, true, 0.5} << 600;
+    QTest::newRow("listes en désordre") << Tirage{40, 40, false, 0.9} << 800;
+    QTest::newRow("beaucoup de doublons") << Tirage{30, 6, false, 0.5} << 800;
+    QTest::newRow("beaucoup de zéros") << Tirage{12, 1, false, 0.5} << 400;
+    QTest::newRow("grandes listes") << Tirage{400, 300, true, 0.8} << 100;
 }
 
 void TestLiens::commeLeBalayage()

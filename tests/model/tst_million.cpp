@@ -16,7 +16,7 @@ namespace {
 /// What a program has by default.
 constexpr uint pile = 8 * 1024 * 1024;
 
-} // namespace
+}  // namespace
 
 /// A million persons are a long list and a wide chart, never a deep stack.
 class TestMillion : public QObject
@@ -71,9 +71,9 @@ void TestMillion::unArbreComplet()
             quint64 numero;
             long x;
             long y;
-        } attendus[] = {{1, 10'485'755, 1098},   {2, 5'242'875, 1041}, {3, 15'728'635, 1041}, {4, 2'621'435, 984},
-                        {262'144, 35, 72},       {524'287, 20'971'475, 72}, {524'288, 15, 15}, {524'289, 55, 15},
-                        {1'048'575, 20'971'495, 15}};
+        } attendus[] = {{1, 10'485'755, 1098}, {2, 5'242'875, 1041}, {3, 15'728'635, 1041},
+                        {4, 2'621'435, 984},   {262'144, 35, 72},    {524'287, 20'971'475, 72},
+                        {524'288, 15, 15},     {524'289, 55, 15},    {1'048'575, 20'971'495, 15}};
         for (const auto &attendu : attendus) {
             QCOMPARE(parNumero[attendu.numero]->x, attendu.x);
             QCOMPARE(parNumero[attendu.numero]->y, attendu.y);

@@ -287,10 +287,11 @@ void TestPersonne::laPhotoEstRedressee()
     QBuffer tampon(&jpeg);
     QVERIFY(couchee.save(&tampon, "jpeg", 100));
     // An EXIF block of one entry, the orientation (0112): 6, to be turned to the right.
-    jpeg.insert(2, QByteArray::fromHex("ffe10022457869660000"
-                                       "4d4d002a00000008"
-                                       "0001011200030000000100060000"
-                                       "00000000"));
+    jpeg.insert(2,
+                QByteArray::fromHex("ffe10022457869660000"
+                                    "4d4d002a00000008"
+                                    "0001011200030000000100060000"
+                                    "00000000"));
     QFile fichier(dossier.filePath(QStringLiteral("appareil.jpg")));
     QVERIFY(fichier.open(QFile::WriteOnly));
     QCOMPARE(fichier.write(jpeg), jpeg.size());

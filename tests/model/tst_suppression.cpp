@@ -15,7 +15,7 @@ void SupprimeNumero(Arbre &arbre, quint64 numero)
     arbre.SupprimePersonne();
 }
 
-} // namespace
+}  // namespace
 
 class TestSuppression : public QObject
 {

@@ -30,7 +30,7 @@ QString EnTexte(const QFont &police)
         .arg(police.italic() ? QStringLiteral(" italique") : QString());
 }
 
-} // namespace
+}  // namespace
 
 class TestUnites : public QObject
 {

@@ -6,6 +6,7 @@
 #include "ramelierdoc.h"
 #include "ramelierview.h"
 
+#include <QScreen>
 #include <QtTest>
 
 /// The real document in the real view, which fills a window. Nothing is shown before Montre().
@@ -31,7 +32,14 @@ struct VueDEssai
         return QTest::qWaitForWindowExposed(&fenetre);
     }
 
-    RamelierDoc doc {QString()};
+    /// What the screen really shows at this point of the drawing.
+    [[nodiscard]] QColor ALEcran(int x, int y) const
+    {
+        const QPoint ici = dessin->mapTo(&fenetre, QPoint(x, y));
+        return fenetre.screen()->grabWindow(fenetre.winId()).toImage().pixelColor(ici);
+    }
+
+    RamelierDoc doc{QString()};
     QWidget fenetre;
     RamelierView *defilement;
     arbView *dessin;
