@@ -1,8 +1,7 @@
 #include "arbre.h"
 #include "arbres.h"
 #include "environnement.h"
-#include "ficxrlg.h"
-#include "interlocuteurnote.h"
+#include "lecturexrlg.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -10,13 +9,13 @@
 #include <random>
 
 /// readFicXRLG: files made to exhaust the stack or the memory, and files that are no tree at all.
-class TestFicXrlgHostile : public QObject
+class TestFicXrlgHostile : public QObject, private LectureXrlg
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase() { Ecoute(); }
+    void init() { Recommence(); }
     void desImbricationsSansFinSontRefusees_data();
     void desImbricationsSansFinSontRefusees();
     void lImbricationSeCompteOuverte();
@@ -25,37 +24,7 @@ private Q_SLOTS:
     void lesBombesDEntitesSontArretees_data();
     void lesBombesDEntitesSontArretees();
     void desParenthesesSansFinNeDebordentPas();
-
-private:
-    int Lit(const QByteArray &contenu);
-
-    std::unique_ptr<QTemporaryDir> dossier;
-    std::unique_ptr<Arbre> arbre;
-    QStringList messages;
 };
-
-void TestFicXrlgHostile::initTestCase()
-{
-    Interlocuteur::Installe(std::make_unique<InterlocuteurNote>(messages));
-}
-
-void TestFicXrlgHostile::init()
-{
-    dossier = std::make_unique<QTemporaryDir>();
-    messages.clear();
-}
-
-int TestFicXrlgHostile::Lit(const QByteArray &contenu)
-{
-    const QString chemin = dossier->filePath(QStringLiteral("a.xrlg"));
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::WriteOnly) || fichier.write(contenu) != contenu.size())
-        return -1;
-    fichier.close();
-    arbre = std::make_unique<Arbre>();
-    QString repertoire = dossier->path();
-    return readFicXRLG(chemin, repertoire, arbre.get());
-}
 
 void TestFicXrlgHostile::desImbricationsSansFinSontRefusees_data()
 {

@@ -3,7 +3,7 @@
 #include "environnement.h"
 #include "ficxrlg.h"
 #include "infopersonne.h"
-#include "interlocuteurnote.h"
+#include "lecturexrlg.h"
 #include "personne.h"
 
 #include <QBuffer>
@@ -13,13 +13,13 @@
 #include <random>
 
 /// readFicXRLG: what comes out of good, odd, damaged and hostile tree files.
-class TestFicXrlgLecture : public QObject
+class TestFicXrlgLecture : public QObject, private LectureXrlg
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase() { Ecoute(); }
+    void init() { Recommence(); }
     void litUnArbreComplet();
     void litUnArbreVide();
     void lesTextesRestentCommeTapes();
@@ -39,14 +39,6 @@ private Q_SLOTS:
     void unFichierTronqueNeFaitRienDeGrave();
     void desOctetsAuHasardNeFontRienDeGrave();
     void ecritPuisLitLaMemeChose();
-
-private:
-    int Lit(const QByteArray &contenu);
-    [[nodiscard]] QString Chemin(const QString &nom) const { return dossier->filePath(nom); }
-
-    std::unique_ptr<QTemporaryDir> dossier;
-    std::unique_ptr<Arbre> arbre;
-    QStringList messages;
 };
 
 namespace {
@@ -105,29 +97,6 @@ const QByteArray famille = R"(<?xml version="1.0" encoding="UTF-8"?>
 )";
 
 }  // namespace
-
-void TestFicXrlgLecture::initTestCase()
-{
-    Interlocuteur::Installe(std::make_unique<InterlocuteurNote>(messages));
-}
-
-void TestFicXrlgLecture::init()
-{
-    dossier = std::make_unique<QTemporaryDir>();
-    messages.clear();
-}
-
-int TestFicXrlgLecture::Lit(const QByteArray &contenu)
-{
-    const QString chemin = Chemin(QStringLiteral("a.xrlg"));
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::WriteOnly) || fichier.write(contenu) != contenu.size())
-        return -1;
-    fichier.close();
-    arbre = std::make_unique<Arbre>();
-    QString repertoire = dossier->path();
-    return readFicXRLG(chemin, repertoire, arbre.get());
-}
 
 void TestFicXrlgLecture::litUnArbreComplet()
 {

@@ -1,20 +1,19 @@
 #include "arbre.h"
 #include "arbres.h"
 #include "environnement.h"
-#include "ficxrlg.h"
-#include "interlocuteurnote.h"
+#include "lecturexrlg.h"
 
 #include <QCoreApplication>
 #include <QFile>
 
 /// readFicXRLG: the XML that it accepts, and the exact words for what it refuses.
-class TestFicXrlgSyntaxe : public QObject
+class TestFicXrlgSyntaxe : public QObject, private LectureXrlg
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void init();
+    void initTestCase() { Ecoute(); }
+    void init() { Recommence(); }
     void dePrecisesErreursDeSyntaxe_data();
     void dePrecisesErreursDeSyntaxe();
     void uneErreurGardeLesPersonnesFinies_data();
@@ -24,37 +23,7 @@ private Q_SLOTS:
     void unTexteSeLitCommeIlEstEcrit_data();
     void unTexteSeLitCommeIlEstEcrit();
     void uneEntiteExterneNEstJamaisOuverte();
-
-private:
-    int Lit(const QByteArray &contenu);
-
-    std::unique_ptr<QTemporaryDir> dossier;
-    std::unique_ptr<Arbre> arbre;
-    QStringList messages;
 };
-
-void TestFicXrlgSyntaxe::initTestCase()
-{
-    Interlocuteur::Installe(std::make_unique<InterlocuteurNote>(messages));
-}
-
-void TestFicXrlgSyntaxe::init()
-{
-    dossier = std::make_unique<QTemporaryDir>();
-    messages.clear();
-}
-
-int TestFicXrlgSyntaxe::Lit(const QByteArray &contenu)
-{
-    const QString chemin = dossier->filePath(QStringLiteral("a.xrlg"));
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::WriteOnly) || fichier.write(contenu) != contenu.size())
-        return -1;
-    fichier.close();
-    arbre = std::make_unique<Arbre>();
-    QString repertoire = dossier->path();
-    return readFicXRLG(chemin, repertoire, arbre.get());
-}
 
 void TestFicXrlgSyntaxe::dePrecisesErreursDeSyntaxe_data()
 {
