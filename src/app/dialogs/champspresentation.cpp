@@ -1,0 +1,43 @@
+#include "champspresentation.h"
+
+#include <QColorDialog>
+#include <QFontDialog>
+
+void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille)
+{
+    famille->setText(police.family());
+    taille->setText(QString::number(police.pointSize()));
+    if (!style)
+        return;
+    constexpr int plusGrandPoidsNormal = 50;
+    const bool gras = PoidsSurCent(police) > plusGrandPoidsNormal;
+    if (gras)
+        style->setText(police.italic() ? QStringLiteral("Bold Italic") : QStringLiteral("Bold"));
+    else
+        style->setText(police.italic() ? QStringLiteral("Italic") : QStringLiteral("Normal"));
+}
+
+bool ChoisitPolice(QWidget *parent, QFont &police)
+{
+    bool acceptee = false;
+    const QFont choisie = QFontDialog::getFont(&acceptee, police, parent);
+    if (acceptee)
+        police = choisie;
+    return acceptee;
+}
+
+void ChoisitCouleur(QWidget *parent, QColor &couleur, QWidget *pastille)
+{
+    const QColor choisie = QColorDialog::getColor(couleur, parent);
+    if (!choisie.isValid())
+        return;
+    couleur = choisie;
+    MontreCouleur(pastille, couleur);
+}
+
+void MontreCouleur(QWidget *pastille, const QColor &couleur)
+{
+    QPalette palette = pastille->palette();
+    palette.setBrush(QPalette::All, pastille->backgroundRole(), couleur);
+    pastille->setPalette(palette);
+}

@@ -1,0 +1,34 @@
+#include "dlgoptdessin.h"
+
+#include "champspresentation.h"
+
+DlgOptDessin::DlgOptDessin(FormatsDessins *reference, QWidget *parent)
+    : QDialog(parent)
+    , formatsReference(reference)
+{
+    setupUi(this);
+    connect(pbModifCouleur, &QPushButton::clicked, this, &DlgOptDessin::slotModifCouleur);
+    connect(pbValeursParDefaut, &QPushButton::clicked, this, &DlgOptDessin::slotValeursParDefaut);
+}
+
+void DlgOptDessin::Montre(const FormatsDessins &formats)
+{
+    MontreLongueurs(*this, formats);
+    couleurTraits = formats.couleurTraits;
+    MontreCouleur(LineEditCouleurTraits, couleurTraits);
+}
+
+FormatsDessins DlgOptDessin::Saisie() const
+{
+    return FormatsSaisis(*this, couleurTraits);
+}
+
+void DlgOptDessin::slotModifCouleur()
+{
+    ChoisitCouleur(this, couleurTraits, LineEditCouleurTraits);
+}
+
+void DlgOptDessin::slotValeursParDefaut()
+{
+    Montre(*formatsReference);
+}
