@@ -90,6 +90,7 @@ void Arbre::SupprimePersonne()
 void Arbre::SauveInfoPersonne(const QString &dossier)
 {
     delete std::exchange(infoSauvee, nullptr);
+    numeroSauve = selection ? selection->numero : 0;
     if (!selection)
         return;
     if (!selection->info) {
@@ -103,4 +104,12 @@ void Arbre::SauveInfoPersonne(const QString &dossier)
     if (!infoSauvee->ficphoto.isEmpty())
         infoSauvee->etatPhoto =
             infoSauvee->ChargePhoto(dossier) ? InfoPersonne::PhotoChargee : InfoPersonne::PhotoAbsente;
+}
+
+void Arbre::OublieAnnulation()
+{
+    delete std::exchange(infoSauvee, nullptr);
+    numeroSauve = 0;
+    enfantSansPere = nullptr;
+    enfantSansMere = nullptr;
 }

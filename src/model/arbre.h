@@ -38,9 +38,12 @@ public:
     /// person. The number of generations falls, by one, only when the last person of the list goes and leaves its
     /// generation empty.
     void SupprimePersonne();
-    /// Replaces infoSauvee by a copy of the selected person's texts, its photo loaded from \a dossier; by none when
-    /// nothing is selected.
+    /// Replaces infoSauvee by a copy of the selected person's texts, its photo loaded from \a dossier, and notes whose
+    /// they are; by none when nothing is selected.
     void SauveInfoPersonne(const QString &dossier);
+
+    /// Nothing can be taken back any more: empties infoSauvee and both slots of a deleted person.
+    void OublieAnnulation();
 
     /// Changes the selection after a click at the pixel (\a px, \a py); true when it changed. A click beside every box
     /// clears the selection, a click in the selected box leaves it. O(n).
@@ -60,6 +63,7 @@ public:
     unsigned short nombreGenerations = 0;
     Personne *selection = nullptr;
     InfoPersonne *infoSauvee = nullptr;  ///< owned: a person's data kept for undo
+    quint64 numeroSauve = 0;             ///< number of the person whose data infoSauvee keeps
     Personne *enfantSansPere = nullptr;  ///< the child that lost its father, for undo
     Personne *enfantSansMere = nullptr;  ///< the child that lost its mother, for undo
 

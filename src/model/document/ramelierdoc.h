@@ -10,6 +10,7 @@
 class Arbre;
 class Personne;
 class QPainter;
+class QWidget;
 
 /// The one open tree with the formats and fonts that it is drawn with, its file name and its modified flags, and every
 /// operation that changes them. Tells views and window through signals. Owns its trees. Its canvas and title block
@@ -27,6 +28,24 @@ public:
     [[nodiscard]] bool isModified() const { return modifie; }
     /// The formats or fonts have unsaved changes.
     [[nodiscard]] bool areOptionsModified() const { return optionsModifiees; }
+
+    /// Starts a new tree with the preferred formats and fonts: asks for its title page, then for its root (photos are
+    /// looked for in \a repertoire). False when the user gave no title, or the root no name: there is then no tree.
+    bool newDoc(QWidget *parent, QString &repertoire);
+    /// Lets the user change the title page. Nothing without a tree.
+    void EditPdG(QWidget *parent);
+    /// Lets the user change the texts of the selected person, whose former texts are kept for undo. \a creation: the
+    /// person is new, and its caller decides what happens when it stays without a name. Nothing without a selection.
+    void CreaModifPers(QWidget *parent, QString &repertoire, bool creation);
+    /// Adds the father (\a pere) or the mother of the selected person, and selects it. False, the tree as it was, when
+    /// the user left it without a name, when that parent is there already or when its number would not fit.
+    bool AjoutePersonne(QWidget *parent, QString &repertoire, bool pere);
+    /// Deletes the selected person and keeps it for undo. Callers offer it only for a person without parents; the first
+    /// person of the list is never deleted.
+    void SupPersonne(QString &repertoire);
+    /// Let the user change the drawing formats, or the fonts, of the open tree.
+    void modifFormatsDessins(QWidget *parent);
+    void modifPoliceCar(QWidget *parent);
 
     /// What a loaded tree is for.
     enum Cible : int { CibleArbre = 0, CiblePere = 1, CibleMere = 2 };
@@ -98,4 +117,6 @@ Q_SIGNALS:
 
 private:
     void SupprimeArbre();
+    bool AbandonneLaCreation(QWidget *parent, const QString &titre, const QString &raison);
+    void CreeLaRacine();
 };
