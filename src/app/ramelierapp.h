@@ -4,6 +4,7 @@
 #include <QString>
 
 class LyTextEdit;
+class Personne;
 class QAction;
 class QCloseEvent;
 class QLabel;
@@ -135,6 +136,11 @@ protected:
     void proposeSauvegarde(bool *continuer);
     /// Offers to save before leaving; false when the user stays.
     bool queryExit();
+    /// Swaps the selected person's texts with the saved ones, so that a second call restores the modification. Nothing
+    /// when the saved texts are somebody else's.
+    void AnnulerModif();
+    /// Puts the deleted person back in its place. Nothing when somebody else stands there.
+    void AnnulerSuppression();
 
 private:
     struct DefAction;
@@ -153,7 +159,15 @@ private:
     [[nodiscard]] QString DansDernierRep(const QString &nom) const;
     [[nodiscard]] bool TravailNonSauve() const;
     [[nodiscard]] bool PeutAbandonnerLArbre();
+    /// The selected person, or none.
+    [[nodiscard]] Personne *Selection() const;
+    /// Why \a personne cannot be deleted; empty when it can.
+    [[nodiscard]] QString RefusDeSupprimer(const Personne &personne) const;
+    void AjouteParent(bool pere);
+    /// Lets the user change and keep the preferences; false when they gave up.
+    [[nodiscard]] bool SaisitPreferences();
     void PasseEnConsultation();
+    void PasseEnEdition();
     void ActiveCommandesArbre();
     void ActiveCommandesPersonne();
     void MontreEchecDOuverture(const QString &status, const QString &texte);

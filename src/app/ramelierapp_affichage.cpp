@@ -51,7 +51,7 @@ void RamelierApp::ActiveCommandesPersonne()
 
 void RamelierApp::slotModeTravail()
 {
-    const Personne *selection = doc->arbre ? doc->arbre->selection : nullptr;
+    const Personne *selection = Selection();
     if (modeConsultation) {
         modeConsultation = false;
         actModeTravail->setText(QStringLiteral("Consultation"));
@@ -82,6 +82,12 @@ void RamelierApp::PasseEnConsultation()
     slotModeTravail();
 }
 
+void RamelierApp::PasseEnEdition()
+{
+    modeConsultation = true;
+    slotModeTravail();
+}
+
 void RamelierApp::slotPersonneSelectionnee(int etat)
 {
     if (etat == 0) {
@@ -103,6 +109,7 @@ void RamelierApp::slotPersonneSelectionnee(int etat)
 void RamelierApp::slotAutoriseAnnulation()
 {
     actAnnuler->setEnabled(true);
+    actAnnuler->setText(QStringLiteral("&Annuler"));
     modifAnnulee = false;
 }
 

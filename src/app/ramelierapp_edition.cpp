@@ -1,41 +1,104 @@
 #include "ramelierapp.h"
 
-// Commands that this version does not have yet: their actions exist, and do nothing.
+#include "arbre.h"
+#include "boites.h"
+#include "infopersonne.h"
+#include "personne.h"
+#include "ramelierdoc.h"
 
-void RamelierApp::slotFileNew() { }
+namespace {
 
-void RamelierApp::slotAnnuler() { }
+const QString titreSuppression = QStringLiteral("Suppression de la personne sélectionnée");
 
-void RamelierApp::slotModifier() { }
+}  // namespace
 
-void RamelierApp::slotSuppPers() { }
+Personne *RamelierApp::Selection() const
+{
+    return doc->arbre ? doc->arbre->selection : nullptr;
+}
 
-void RamelierApp::slotAjouterPere() { }
+void RamelierApp::slotModifier()
+{
+    if (!Selection())
+        return;
+    Status(QStringLiteral(" ..."));
+    doc->CreaModifPers(this, dernierRep, false);
+    MaJStatusBarreInfoModif();
+    Status(QStringLiteral("Prêt."));
+}
 
-void RamelierApp::slotAjouterMere() { }
+void RamelierApp::AjouteParent(bool pere)
+{
+    if (!doc->AjoutePersonne(this, dernierRep, pere))
+        return;
+    Status(QStringLiteral("Prêt."));
+    MaJStatusBarreInfoModif();
+}
 
-void RamelierApp::slotEditFicheHTML() { }
+void RamelierApp::slotAjouterPere()
+{
+    AjouteParent(true);
+}
 
-void RamelierApp::slotEditPdG() { }
+void RamelierApp::slotAjouterMere()
+{
+    AjouteParent(false);
+}
 
-void RamelierApp::slotFormatsDessins() { }
+QString RamelierApp::RefusDeSupprimer(const Personne &personne) const
+{
+    const QString refus = QStringLiteral("Impossible de supprimer la personne n° ") + QString::number(personne.numero);
+    if (personne.numero == 1 || &personne == doc->arbre->premiere)
+        return refus;
+    if (personne.ptrPere || personne.ptrMere)
+        return refus + QStringLiteral(" car elle possède au moins un ancêtrre");
+    return {};
+}
 
-void RamelierApp::slotPoliceCaract() { }
+void RamelierApp::slotSuppPers()
+{
+    const Personne *personne = Selection();
+    if (!personne)
+        return;
+    if (const QString refus = RefusDeSupprimer(*personne); !refus.isEmpty()) {
+        Boites::Information(this, titreSuppression, refus);
+        return;
+    }
+    const QString question = QStringLiteral("Voulez-vous vraiment supprimer la personne n° ")
+        + QString::number(personne->numero) + QStringLiteral(" ?");
+    if (Boites::Demande(this, QMessageBox::Warning, titreSuppression, question,
+                        {QStringLiteral("Oui"), QStringLiteral("Non")}, 1, 1)
+        == 0) {
+        doc->SupPersonne(dernierRep);
+        // Nobody is selected any more; the deletion alone can be taken back.
+        slotPersonneSelectionnee(0);
+        slotAutoriseAnnulation();
+    }
+    MaJStatusBarreInfoModif();
+    Status(QStringLiteral("Prêt."));
+}
 
-void RamelierApp::slotPreferences() { }
+void RamelierApp::slotEditPdG()
+{
+    if (!doc->arbre)
+        return;
+    Status(QStringLiteral("Edition de la page de garde ..."));
+    doc->EditPdG(this);
+    Status(QStringLiteral("Prêt."));
+    MaJStatusBarreInfoModif();
+}
 
-void RamelierApp::slotAffFicheHTML() { }
-
-void RamelierApp::slotAssembleArbres() { }
-
-void RamelierApp::slotImporteFichierGED() { }
-
-void RamelierApp::slotExporteVersFichierGED() { }
-
-void RamelierApp::slotAide() { }
-
-void RamelierApp::slotHelpAbout() { }
-
-void RamelierApp::slotHelpAboutQt() { }
-
-void RamelierApp::slotPersonneDoubleCliquee() { }
+void RamelierApp::slotPersonneDoubleCliquee()
+{
+    const Personne *personne = Selection();
+    if (!personne)
+        return;
+    if (!modeConsultation)
+        slotModifier();
+    else if (!personne->info || personne->info->fichtml.isEmpty())
+        Boites::Information(this, QStringLiteral("Information"),
+                            QStringLiteral("Il n'y a pas de fiche associée à la personne n°")
+                                + QString::number(personne->numero));
+    else
+        slotAffFicheHTML();
+}

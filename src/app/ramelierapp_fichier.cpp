@@ -49,6 +49,24 @@ void RamelierApp::MontreEchecDOuverture(const QString &status, const QString &te
     Status(QStringLiteral("Prêt"));
 }
 
+void RamelierApp::slotFileNew()
+{
+    if (!PeutAbandonnerLArbre())
+        return;
+    fichierArbre.clear();
+    fichierOptions.clear();
+    PasseEnConsultation();
+    resetMenus();
+    Status(QStringLiteral("Création d'un nouvel arbre..."));
+    if (doc->newDoc(this, dernierRep)) {
+        setWindowTitle(titre + QStringLiteral("Nouveau"));
+        ActiveCommandesArbre();
+        PasseEnEdition();
+    }
+    MaJStatusBarreInfoModif();
+    Status(QStringLiteral("Prêt."));
+}
+
 void RamelierApp::slotFileOpen()
 {
     if (!PeutAbandonnerLArbre())

@@ -308,7 +308,7 @@ void TestModes::autoriserLAnnulationLaRendPossible()
     QCOMPARE(fenetre.actAnnuler->isEnabled(), true);
     QCOMPARE(fenetre.modifAnnulee, false);
     // Its text is the affair of the command that takes back.
-    QCOMPARE(fenetre.actAnnuler->text(), QStringLiteral("&Annuler annuler"));
+    QCOMPARE(fenetre.actAnnuler->text(), QStringLiteral("&Annuler"));
 }
 
 RAMELIER_TEST_FENETRE_MAIN(TestModes)
