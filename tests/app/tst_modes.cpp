@@ -307,7 +307,7 @@ void TestModes::autoriserLAnnulationLaRendPossible()
     fenetre.slotAutoriseAnnulation();
     QCOMPARE(fenetre.actAnnuler->isEnabled(), true);
     QCOMPARE(fenetre.modifAnnulee, false);
-    // Its text is the affair of the command that takes back.
+    // What can be undone is a new change, whatever was undone before.
     QCOMPARE(fenetre.actAnnuler->text(), QStringLiteral("&Annuler"));
 }
 
