@@ -171,7 +171,26 @@ private:
     void ActiveCommandesArbre();
     void ActiveCommandesPersonne();
     void MontreEchecDOuverture(const QString &status, const QString &texte);
-    [[nodiscard]] bool RefuseDeRemplacer(const QString &nom);
+    /// What is asked before a file is replaced, and said when it is not.
+    struct RemplacementDe
+    {
+        QString titre;
+        QString question;
+        QString refus;
+    };
+    /// True when \a nom exists and the user would rather keep it.
+    [[nodiscard]] bool RefuseDeRemplacer(const QString &nom, const RemplacementDe &textes);
+    [[nodiscard]] bool RefuseDeRemplacerLeGED(const QString &nom);
+    /// Chooses where to save; empty when the user gave up. \a ancien: an older binary file is converted.
+    [[nodiscard]] QString ChoisitUnNom(bool ancien);
+    /// The tree comes from an older binary file and is not yet saved in the new format.
+    [[nodiscard]] bool EstAncienFormat() const;
+    /// True when \a nom is an existing file; otherwise says that it is not.
+    [[nodiscard]] bool EstUnFichier(const QString &nom, const QString &statusSinon);
+    /// The open tree is about to go: its commands too, but for the export.
+    void OteLesCommandesArbre();
+    /// A tree without a file is there, to be edited.
+    void RendLesCommandesArbre();
     [[nodiscard]] bool ChoisitImprimante(QPrinter &imprimante, const QString &nomPdf);
     void ImprimeSur(QPrinter &imprimante);
     [[nodiscard]] bool PeutQuitter();

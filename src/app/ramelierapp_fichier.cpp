@@ -4,6 +4,7 @@
 #include "ficoptions.h"
 #include "ramelierdoc.h"
 
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -101,9 +102,14 @@ void RamelierApp::slotFileOpen()
     MaJStatusBarreInfoModif();
 }
 
+bool RamelierApp::EstAncienFormat() const
+{
+    return doc->typeFichier == 1 || doc->typeFichier == 3;
+}
+
 void RamelierApp::slotFileSave()
 {
-    if (doc->nomFichier.isEmpty()) {
+    if (doc->nomFichier.isEmpty() || EstAncienFormat()) {
         slotFileSaveAs();
         return;
     }
@@ -113,39 +119,59 @@ void RamelierApp::slotFileSave()
     MaJStatusBarreInfoModif();
 }
 
-bool RamelierApp::RefuseDeRemplacer(const QString &nom)
+bool RamelierApp::RefuseDeRemplacer(const QString &nom, const RemplacementDe &textes)
 {
     if (!QFileInfo::exists(nom))
         return false;
-    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauver sous..."),
-                                        QStringLiteral("Le fichier ") + nom
-                                            + QStringLiteral(" existe déjà  !!\nVoulez-vous vraiement le "
-                                                             "remplacer ??"),
+    const int reponse = Boites::Demande(this, QMessageBox::Warning, textes.titre, textes.question,
                                         {QStringLiteral("Oui"), QStringLiteral("Non")}, 1, 1);
     if (reponse != 1)
         return false;
-    Boites::Information(this, QStringLiteral("Information"),
-                        QStringLiteral("L'arbre n'a pas été enregistré sous le nouveau nom"));
+    Boites::Information(this, QStringLiteral("Information"), textes.refus);
     Status(QStringLiteral("Prêt."));
     return true;
+}
+
+QString RamelierApp::ChoisitUnNom(bool ancien)
+{
+    QString depart = fichierArbre.isEmpty() ? DansDernierRep(QStringLiteral("nouveau")) : fichierArbre;
+    if (ancien) {
+        const QString base = QFileInfo(fichierArbre).baseName();
+        const QString propose = base + QStringLiteral(".xrlg");
+        Boites::Information(
+            this, QStringLiteral("Enregistrement d'un arbre ancien format .rlg"),
+            QStringLiteral("L'enregistrement d'un arbre ancien format .rlg\nse fait uniquement sous le nouveau format "
+                           ".xrlg\nle fichier de l'arbre original est renommé :\n")
+                + base + QStringLiteral(".rlg.old\nle nom proposé pour le nouveau fichier :\n") + propose
+                + QStringLiteral("\n(vous pouvez modifier ce nom à votre guise)"));
+        depart = DansDernierRep(propose);
+    }
+    QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), depart, filtreXrlg, nullptr,
+                                               QFileDialog::DontConfirmOverwrite);
+    // A dot in a folder's name keeps the extension away too: deliberate.
+    if (!nom.isEmpty() && !nom.contains(u'.'))
+        nom += QStringLiteral(".xrlg");
+    return nom;
 }
 
 void RamelierApp::slotFileSaveAs()
 {
     Status(QStringLiteral("Enregistrement du fichier sous un nouveau nom..."));
-    const QString depart = fichierArbre.isEmpty() ? DansDernierRep(QStringLiteral("nouveau")) : fichierArbre;
-    QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"), depart, filtreXrlg, nullptr,
-                                               QFileDialog::DontConfirmOverwrite);
+    const bool ancien = EstAncienFormat();
+    const QString nom = ChoisitUnNom(ancien);
     if (nom.isEmpty()) {
         Status(QStringLiteral("Echec à l'enregistrement du fichier"), dureeMessage);
         Status(QStringLiteral("Prêt."));
         return;
     }
-    // A dot in a folder's name keeps the extension away too: deliberate.
-    if (nom.lastIndexOf(u'.') < 0)
-        nom += QStringLiteral(".xrlg");
-    if (RefuseDeRemplacer(nom))
+    const RemplacementDe question{QStringLiteral("Sauver sous..."),
+                                  QStringLiteral("Le fichier ") + nom
+                                      + QStringLiteral(" existe déjà  !!\nVoulez-vous vraiement le remplacer ??"),
+                                  QStringLiteral("L'arbre n'a pas été enregistré sous le nouveau nom")};
+    if (RefuseDeRemplacer(nom, question))
         return;
+    if (ancien)
+        QFile::rename(fichierArbre, fichierArbre + QStringLiteral(".old"));
     const bool avecOptions = !fichierOptions.isEmpty() && QFileInfo::exists(fichierOptions);
     fichierArbre = nom;
     dernierRep = QFileInfo(nom).absolutePath();

@@ -20,3 +20,13 @@ void InterlocuteurConsole::Avertissement(const QString & /*titre*/, const QStrin
 {
     EcritUneLigne(texte);
 }
+
+std::optional<QString> InterlocuteurConsole::ChoisitRacine(QWidget * /*parent*/, const QStringList & /*individus*/)
+{
+    return {};
+}
+
+bool InterlocuteurConsole::RacineMasculine(QWidget * /*parent*/)
+{
+    return true;
+}

@@ -11,6 +11,11 @@ class InterlocuteurMuet : public Interlocuteur
 public:
     void Information(const QString &titre, const QString &texte) override { Ecrit(titre, texte); }
     void Avertissement(const QString &titre, const QString &texte) override { Ecrit(titre, texte); }
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const QStringList & /*individus*/) override
+    {
+        return {};
+    }
+    bool RacineMasculine(QWidget * /*parent*/) override { return true; }
 
 private:
     static void Ecrit(const QString &titre, const QString &texte)

@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <optional>
 
-/// The one door to the user for code that knows no widget: readers and writers tell what went wrong through it.
+class QWidget;
+
+/// The one door to the user for code that knows no widget: readers and writers tell and ask through it.
 /// The desktop installs one that shows message boxes, a command line one that writes to its error stream.
 class Interlocuteur
 {
@@ -15,6 +19,12 @@ public:
     virtual void Information(const QString &titre, const QString &texte) = 0;
     /// A failure to read or write.
     virtual void Avertissement(const QString &titre, const QString &texte) = 0;
+
+    /// Which of the individuals of a GEDCOM file, one line each, is the root? The text that the user chose or typed, none
+    /// when it was given up. \a parent owns what is shown.
+    [[nodiscard]] virtual std::optional<QString> ChoisitRacine(QWidget *parent, const QStringList &individus) = 0;
+    /// Is the root a man? Its number does not tell.
+    [[nodiscard]] virtual bool RacineMasculine(QWidget *parent) = 0;
 
     /// The one installed; before any is, one that writes to the standard error stream.
     [[nodiscard]] static Interlocuteur &Courant();

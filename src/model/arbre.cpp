@@ -29,9 +29,10 @@ void Arbre::AjouteALaFin(Personne *personne)
     ++nombrePersonnes;
 }
 
-void Arbre::Insere(Personne *personne)
+void Arbre::Insere(Personne *personne, Personne *depuis)
 {
-    for (Personne *courante = premiere; courante && courante->suivante; courante = courante->suivante) {
+    for (Personne *courante = depuis ? depuis : premiere; courante && courante->suivante;
+         courante = courante->suivante) {
         Personne *apres = courante->suivante;
         if (personne->numero > courante->numero && personne->numero < apres->numero) {
             personne->precedente = courante;
@@ -45,14 +46,14 @@ void Arbre::Insere(Personne *personne)
     AjouteALaFin(personne);
 }
 
-void Arbre::AjouteASaPlace(Personne *personne)
+void Arbre::AjouteASaPlace(Personne *personne, Personne *depuis)
 {
-    Insere(personne);
+    Insere(personne, depuis);
     if (personne->numerogeneration >= nombreGenerations)
         ++nombreGenerations;
 }
 
-Personne *Arbre::AjoutePersonne(Personne *enfant, bool estPere)
+Personne *Arbre::AjoutePersonne(Personne *enfant, bool estPere, Personne *depuis)
 {
     auto *parent = new Personne(static_cast<unsigned short>(enfant->numerogeneration + 1));
     parent->info = new InfoPersonne;
@@ -60,7 +61,7 @@ Personne *Arbre::AjoutePersonne(Personne *enfant, bool estPere)
     parent->enfant = enfant->numero;
     (estPere ? enfant->pere : enfant->mere) = parent->numero;
     (estPere ? enfant->ptrPere : enfant->ptrMere) = parent;
-    AjouteASaPlace(parent);
+    AjouteASaPlace(parent, depuis);
     RetrouveSesParents(parent);
     return parent;
 }

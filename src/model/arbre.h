@@ -25,15 +25,16 @@ public:
     /// The number of generations is left alone: readers take it from the file.
     void AjouteALaFin(Personne *personne);
     /// Inserts \a personne where its number belongs (at the tail when no place is found), counts it, and adds one
-    /// generation when it opens a new one. Takes ownership. O(n).
-    void AjouteASaPlace(Personne *personne);
+    /// generation when it opens a new one. Takes ownership. O(n), or the distance from \a depuis, a person of the
+    /// list whose number is smaller: in a sorted list the place is the same.
+    void AjouteASaPlace(Personne *personne, Personne *depuis = nullptr);
     /// Fills the parent pointers from the parent numbers; called once after a whole tree was read. Linear. A number that
     /// nobody later in the list bears leaves its pointer none; each person becomes the parent of one child at most.
     void DetermineLiensDeParente();
     /// Creates the father (\a estPere) or the mother of \a enfant with empty data, links it to its child and to its own
     /// parents where they stand in the list already, inserts it and returns it (it belongs to the tree).
-    /// Precondition: that parent is missing.
-    Personne *AjoutePersonne(Personne *enfant, bool estPere);
+    /// Precondition: that parent is missing. \a depuis as in AjouteASaPlace.
+    Personne *AjoutePersonne(Personne *enfant, bool estPere, Personne *depuis = nullptr);
     /// Deletes the selected person and leaves nothing selected. Does nothing without a selection or when it is the first
     /// person. The number of generations falls, by one, only when the last person of the list goes and leaves its
     /// generation empty.
@@ -68,7 +69,7 @@ public:
     Personne *enfantSansMere = nullptr;  ///< the child that lost its mother, for undo
 
 private:
-    void Insere(Personne *personne);
+    void Insere(Personne *personne, Personne *depuis);
     void RetrouveSesParents(Personne *personne);
     void DetacheDeSonEnfant(const Personne *parent);
 };

@@ -1,6 +1,8 @@
 #include "interlocuteurbureau.h"
 
 #include "boites.h"
+#include "dlgindrac.h"
+#include "dlgsexrac.h"
 
 void InterlocuteurBureau::Information(const QString &titre, const QString &texte)
 {
@@ -10,4 +12,21 @@ void InterlocuteurBureau::Information(const QString &titre, const QString &texte
 void InterlocuteurBureau::Avertissement(const QString &titre, const QString &texte)
 {
     Boites::Avertissement(nullptr, titre, texte);
+}
+
+std::optional<QString> InterlocuteurBureau::ChoisitRacine(QWidget *parent, const QStringList &individus)
+{
+    DlgIndRac dialogue(parent);
+    dialogue.IndividuChoisi->clear();
+    dialogue.ListeDesIndividus->addItems(individus);
+    if (dialogue.exec() != QDialog::Accepted)
+        return {};
+    return dialogue.IndividuChoisi->text();
+}
+
+bool InterlocuteurBureau::RacineMasculine(QWidget *parent)
+{
+    DlgSexRac dialogue(parent);
+    dialogue.exec();  // whatever closes it, the answer is the button that is checked
+    return dialogue.radioButtonM->isChecked();
 }

@@ -1,14 +1,15 @@
 #include "ramelierdoc.h"
 
 #include "arbre.h"
+#include "ficoldrlg.h"
 #include "ficoptions.h"
 
 #include <utility>
 
 RamelierDoc::RamelierDoc(const QString & /*repApplication*/)
     : fichierPreferences(CheminDesPreferences())
-    , enteteV1(QStringLiteral("Arbre généalogique - R. Lidou - Version 1.0"))
-    , enteteV3(QStringLiteral("Arbre généalogique - R. Lidou - Version 3.0"))
+    , enteteV1(enteteRlgV1)
+    , enteteV3(enteteRlgV3)
 {
     initPolicesEtTraitsPref();
     initPolicesEtTraits(QString());

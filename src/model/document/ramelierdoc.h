@@ -62,6 +62,23 @@ public:
     /// \a avecOptions asks for it.
     bool saveAs(const QString &fileName, QString &fichierOptions, bool avecOptions);
 
+    /// Closes the tree before a GEDCOM file is chosen.
+    void PrepareImportGED();
+    /// Makes a tree without a file out of a GEDCOM file; see ImporterDeFichierGEDCOM. 1 done; 0 nothing imported: there is
+    /// no tree, the user has been told why.
+    int ImporteDeGED(QWidget *parent, const QString &fileName);
+    /// Writes the tree as GEDCOM; see ExporterVersFichierGEDCOM. Always true: the user is told how it ended.
+    bool exporteVersGED(QWidget *parent, const QString &fileName);
+
+    /// Makes the child's tree, without a file, out of arbrePere and arbreMere, which are both loaded and are gone then.
+    /// Photos are looked for in \a repertoire. Always true. See AssembleArbres.
+    bool AssembleDeuxArbres(QWidget *parent, QString &repertoire);
+    /// The copy of one person of a parent's tree, linked to its child in the tree but not in its list yet; none where
+    /// its number does not fit. Walks the list; AssembleDeuxArbres has an index instead.
+    Personne *CopiePourAssemblage(Personne *source, bool estPere, QString &repertoire);
+    /// Frees what was loaded for an assembly that cannot be made; there is then no tree.
+    void AbandonneLAssemblage();
+
     /// See LitOptions and EcritOptions.
     bool loadOptions(const QString &fichier, FormatsDessins *formatsLus, LesPolices *policesLues);
     bool saveOptions(const QString &fichier, FormatsDessins *formatsEcrits, LesPolices *policesEcrites, int type);
@@ -119,4 +136,7 @@ private:
     void SupprimeArbre();
     bool AbandonneLaCreation(QWidget *parent, const QString &titre, const QString &raison);
     void CreeLaRacine();
+    void CommenceUnArbreSansFichier(const QString &titre);
+    void TermineUnArbreSansFichier();
+    void LibereLesArbresDesParents();
 };

@@ -9,7 +9,7 @@
 
 int RamelierDoc::OuvreFichierArbre(const QString &fileName, QString &repertoire)
 {
-    return LitFichierArbre(fileName, repertoire, arbre);
+    return LitFichierArbre(fileName, repertoire, arbre, enteteV1, enteteV3, typeFichier);
 }
 
 int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode)
@@ -23,8 +23,10 @@ int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fic
     nomFichier.clear();
     typeFichier = 0;
     arbre = new Arbre;
-    if (OuvreFichierArbre(nom, repertoire) != 0)
+    if (OuvreFichierArbre(nom, repertoire) != 0) {
+        typeFichier = 0;  // what was read of a damaged older file is not to be converted
         return 0;
+    }
     if (mode == CiblePere) {
         delete std::exchange(arbrePere, std::exchange(arbre, nullptr));
     } else if (mode == CibleMere) {
