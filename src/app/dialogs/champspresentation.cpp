@@ -1,7 +1,9 @@
 #include "champspresentation.h"
 
 #include <QColorDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontInfo>
 
 void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille)
 {
@@ -19,11 +21,18 @@ void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QL
 
 bool ChoisitPolice(QWidget *parent, QFont &police)
 {
+    // The dialog would forget weight and slant of a family that is not installed: it starts from what stands for it.
+    QFont depart = police;
+    if (!QFontDatabase::hasFamily(police.family()))
+        depart.setFamilies({QFontInfo(police).family()});
     bool acceptee = false;
-    const QFont choisie = QFontDialog::getFont(&acceptee, police, parent);
-    if (acceptee)
-        police = choisie;
-    return acceptee;
+    QFont choisie = QFontDialog::getFont(&acceptee, depart, parent);
+    if (!acceptee)
+        return false;
+    if (choisie.family() == depart.family())
+        choisie.setFamilies({police.family()});
+    police = choisie;
+    return true;
 }
 
 void ChoisitCouleur(QWidget *parent, QColor &couleur, QWidget *pastille)

@@ -16,7 +16,8 @@ class QWidget;
 /// "Bold" or "Bold Italic", where every weight above normal is bold.
 void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille);
 
-/// Asks for another font, starting from \a police. False, \a police untouched, when the user gives up.
+/// Asks for another font, starting from \a police. False, \a police untouched, when the user gives up. A family that is
+/// not installed stays unless another one is chosen.
 bool ChoisitPolice(QWidget *parent, QFont &police);
 
 /// Asks for another colour, starting from \a couleur, and shows it in \a pastille. Changes nothing when the user gives up.

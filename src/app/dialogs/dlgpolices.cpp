@@ -8,7 +8,7 @@ DlgPolices::DlgPolices(LesPolices *reference, QWidget *parent)
 {
     setupUi(this);
     connect(pbModifPolTextes, &QPushButton::clicked, this, &DlgPolices::slotModifPolTextes);
-    connect(pbModifPolNumeros, &QPushButton::clicked, this, &DlgPolices::slotModifPolNum);
+    connect(pbModifPolNum, &QPushButton::clicked, this, &DlgPolices::slotModifPolNum);
     connect(pbModifPolTitre, &QPushButton::clicked, this, &DlgPolices::slotModifPolTitre);
     connect(pbModifPolLegende, &QPushButton::clicked, this, &DlgPolices::slotModifPolLegende);
     connect(pbModifCouleur, &QPushButton::clicked, this, &DlgPolices::slotModifCouleur);

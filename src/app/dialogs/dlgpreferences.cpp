@@ -7,7 +7,7 @@ DlgPreferences::DlgPreferences(QWidget *parent)
 {
     setupUi(this);
     connect(pbModifPolTextes, &QPushButton::clicked, this, &DlgPreferences::slotModifPolTextes);
-    connect(pbModifPolNumeros, &QPushButton::clicked, this, &DlgPreferences::slotModifPolNum);
+    connect(pbModifPolNum, &QPushButton::clicked, this, &DlgPreferences::slotModifPolNum);
     connect(pbModifPolTitre, &QPushButton::clicked, this, &DlgPreferences::slotModifPolTitre);
     connect(pbModifPolLegende, &QPushButton::clicked, this, &DlgPreferences::slotModifPolLeg);
     connect(pbModifCouleurTraits, &QPushButton::clicked, this, &DlgPreferences::slotModifCoulTraits);

@@ -10,10 +10,11 @@ class DlgSexRac : public QDialog, public Ui_DlgSexRac
     Q_OBJECT
 
 public:
-    /// Builds the form, and nothing else.
+    /// Builds the form, with the focus on the answer that is checked.
     explicit DlgSexRac(QWidget *parent)
         : QDialog(parent)
     {
         setupUi(this);
+        radioButtonM->setFocus();
     }
 };
