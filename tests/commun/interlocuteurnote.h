@@ -23,6 +23,20 @@ public:
         notes += QStringLiteral("avertissement|") + titre + u'|' + texte;
     }
 
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const QStringList &individus) override
+    {
+        notes += QStringLiteral("racine|") + individus.join(u'|');
+        return racine;
+    }
+    bool RacineMasculine(QWidget * /*parent*/) override
+    {
+        notes += QStringLiteral("sexe");
+        return masculine;
+    }
+
+    std::optional<QString> racine;  ///< the answer to the question for the root
+    bool masculine = true;          ///< the answer to the question for its sex
+
 private:
     QStringList &notes;
 };

@@ -22,6 +22,11 @@ public:
     }
     void Information(const QString & /*titre*/, const QString &texte) override { action(texte); }
     void Avertissement(const QString & /*titre*/, const QString &texte) override { action(texte); }
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const QStringList & /*individus*/) override
+    {
+        return {};
+    }
+    bool RacineMasculine(QWidget * /*parent*/) override { return true; }
 
 private:
     std::function<void(const QString &)> action;
