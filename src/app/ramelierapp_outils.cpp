@@ -106,8 +106,10 @@ void RamelierApp::slotImporteFichierGED()
         Status(QStringLiteral("Prêt"));
         return;
     }
-    if (!EstUnFichier(nom, QStringLiteral("le fichier GEDCOM n'exite pas")))
+    if (!EstUnFichier(nom, QStringLiteral("le fichier GEDCOM n'exite pas"))) {
+        MaJStatusBarreInfoModif();
         return;
+    }
     if (doc->ImporteDeGED(this, nom))
         RendLesCommandesArbre();
     MaJStatusBarreInfoModif();

@@ -48,10 +48,14 @@ QString DecodeAnsel(QByteArrayView octets)
             enAttente.prepend(QChar(accent));  // the one nearest the letter comes first behind it
             continue;
         }
-        if (!enAttente.isEmpty() && octet < 0x20)
-            texte += u' ' + std::exchange(enAttente, QString());
-        texte += QChar(Signe(octet));
-        texte += std::exchange(enAttente, QString());
+        if (enAttente.isEmpty()) {
+            texte += QChar(Signe(octet));
+        } else {
+            const bool sansLettre = octet < 0x20;
+            texte += QChar(sansLettre ? u' ' : Signe(octet)) + std::exchange(enAttente, QString());
+            if (sansLettre)
+                texte += QChar(Signe(octet));
+        }
     }
     if (!enAttente.isEmpty())
         texte += u' ' + enAttente;
