@@ -39,6 +39,8 @@ char16_t Accent(unsigned char octet)
 
 QString DecodeAnsel(QByteArrayView octets)
 {
+    // Composing takes time that grows with the square of the accents on one letter; no letter bears that many.
+    constexpr qsizetype accentsParLettre = 30;
     QString texte;
     texte.reserve(octets.size());
     QString enAttente;
@@ -46,16 +48,18 @@ QString DecodeAnsel(QByteArrayView octets)
         const auto octet = static_cast<unsigned char>(lu);
         if (const char16_t accent = Accent(octet)) {
             enAttente.prepend(QChar(accent));  // the one nearest the letter comes first behind it
+            if (enAttente.size() == accentsParLettre)
+                texte += u' ' + std::exchange(enAttente, QString());
             continue;
         }
         if (enAttente.isEmpty()) {
             texte += QChar(Signe(octet));
-        } else {
-            const bool sansLettre = octet < 0x20;
-            texte += QChar(sansLettre ? u' ' : Signe(octet)) + std::exchange(enAttente, QString());
-            if (sansLettre)
-                texte += QChar(Signe(octet));
+            continue;
         }
+        const bool sansLettre = octet < 0x20 || octet == 0x7F;
+        texte += QChar(sansLettre ? u' ' : Signe(octet)) + std::exchange(enAttente, QString());
+        if (sansLettre)
+            texte += QChar(Signe(octet));
     }
     if (!enAttente.isEmpty())
         texte += u' ' + enAttente;

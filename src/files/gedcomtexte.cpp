@@ -5,6 +5,8 @@
 #include <QByteArrayView>
 #include <QStringDecoder>
 
+#include <optional>
+
 namespace {
 
 /// The value of the CHAR line in the header, in capitals; empty when there is none.
@@ -56,7 +58,8 @@ QString DecodeSelonLEnTete(const QByteArray &octets)
         return Decode("macintosh", octets);
     if (annonce.contains("437"))
         return Decode("IBM437", octets);
-    if (annonce.startsWith("IBM") || annonce.contains("DOS") || annonce.contains("OEM") || annonce.contains("850"))
+    const bool ibm = annonce.startsWith("IBM") && !annonce.contains("WIN");
+    if (ibm || annonce.contains("DOS") || annonce.contains("OEM") || annonce.contains("850"))
         return Decode("IBM850", octets);
     return Decode("windows-1252", octets);
 }
@@ -64,6 +67,37 @@ QString DecodeSelonLEnTete(const QByteArray &octets)
 bool EstUtf16SansMarque(const QByteArray &octets, qsizetype octetFort)
 {
     return octets.size() >= 2 && octets.at(octetFort) == '\0' && octets.at(1 - octetFort) != '\0';
+}
+
+/// Where a letter of several bytes begins that the end of the file cuts off; else the end.
+qsizetype FinDesLettresEntieres(const QByteArray &octets)
+{
+    for (qsizetype recul = 1; recul <= qMin(qsizetype(3), octets.size()); ++recul) {
+        const auto octet = static_cast<unsigned char>(octets.at(octets.size() - recul));
+        if (octet < 0x80)
+            break;
+        if (octet >= 0xC0) {
+            const int longueur = octet >= 0xF0 ? 4 : octet >= 0xE0 ? 3 : 2;
+            return recul < longueur ? octets.size() - recul : octets.size();
+        }
+    }
+    return octets.size();
+}
+
+/// The text when all bytes are valid UTF-8; a last letter may be cut off where others show what the file is.
+std::optional<QString> DecodeUtf8(const QByteArray &octets)
+{
+    QStringDecoder decodeur(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
+    const QByteArrayView entiers = QByteArrayView(octets).first(FinDesLettresEntieres(octets));
+    QString texte = decodeur.decode(entiers);
+    if (decodeur.hasError())
+        return {};
+    if (entiers.size() < octets.size()) {
+        if (texte.size() == entiers.size())
+            return {};
+        texte += QChar(QChar::ReplacementCharacter);
+    }
+    return texte;
 }
 
 }  // namespace
@@ -76,7 +110,6 @@ QString TexteGED(const QByteArray &octets)
         return QStringDecoder(QStringConverter::Utf16BE).decode(octets);
     if (EstUtf16SansMarque(octets, 1))
         return QStringDecoder(QStringConverter::Utf16LE).decode(octets);
-    QStringDecoder utf8(QStringConverter::Utf8);
-    QString texte = utf8.decode(octets);
-    return utf8.hasError() ? DecodeSelonLEnTete(octets) : texte;
+    const std::optional<QString> utf8 = DecodeUtf8(octets);
+    return utf8 ? *utf8 : DecodeSelonLEnTete(octets);
 }

@@ -28,7 +28,7 @@ bool InfoPersonne::ChargePhoto(const QString &dossier)
 {
     photo = QImage();
     const QString chemin = dossier + u'/' + ficphoto;
-    if (!QFileInfo(chemin).isFile())
+    if (chemin.contains(QChar(QChar::Null)) || !QFileInfo(chemin).isFile())
         return false;
     QImageReader lecteur(chemin);
     lecteur.setAutoTransform(true);

@@ -74,6 +74,7 @@ Personne *RamelierDoc::CopiePourAssemblage(Personne *source, bool estPere, QStri
 bool RamelierDoc::AssembleDeuxArbres(QWidget * /*parent*/, QString &repertoire)
 {
     initPolicesEtTraits(QString());
+    creationEnCours = false;
     SupprimeArbre();
     CommenceUnArbreSansFichier(QStringLiteral("Généalogie de l'enfant"));
     importGED = false;
