@@ -56,6 +56,44 @@ Personne *EnfantDe(const Arbre &arbre, const Personne &parent)
     return enfant;
 }
 
+/// The first person of the list who names \a numero as a parent, or none: whom a deletion of that number detaches.
+Personne *PremierQuiNomme(const Arbre &arbre, quint64 numero)
+{
+    Personne *personne = arbre.premiere;
+    while (personne && personne->pere != numero && personne->mere != numero)
+        personne = personne->suivante;
+    return personne;
+}
+
+/// One person's links to the parents, as they were.
+class LiensGardes
+{
+public:
+    explicit LiensGardes(Personne *unePersonne)
+        : personne(unePersonne)
+        , pere(unePersonne->pere)
+        , mere(unePersonne->mere)
+        , ptrPere(unePersonne->ptrPere)
+        , ptrMere(unePersonne->ptrMere)
+    {
+    }
+
+    void Remet() const
+    {
+        personne->pere = pere;
+        personne->mere = mere;
+        personne->ptrPere = ptrPere;
+        personne->ptrMere = ptrMere;
+    }
+
+private:
+    Personne *personne;
+    quint64 pere;
+    quint64 mere;
+    Personne *ptrPere;
+    Personne *ptrMere;
+};
+
 /// Both parents' numbers, 2n and 2n + 1, fit.
 bool PeutAvoirDesParents(const Personne &personne)
 {
@@ -134,10 +172,11 @@ bool RamelierDoc::AjoutePersonne(QWidget *parent, QString &repertoire, bool pere
     Personne *enfant = arbre ? arbre->selection : nullptr;
     if (!enfant || (pere ? enfant->ptrPere : enfant->ptrMere) || !PeutAvoirDesParents(*enfant))
         return false;
-    // Odd files have counts and numbers that adding and deleting would not bring back.
+    // Odd files have counts and links that adding and deleting would not bring back.
     const unsigned short generationsAvant = arbre->nombreGenerations;
-    quint64 &lien = pere ? enfant->pere : enfant->mere;
-    const quint64 lienAvant = lien;
+    std::vector<LiensGardes> liens{LiensGardes(enfant)};
+    if (Personne *autre = PremierQuiNomme(*arbre, 2 * enfant->numero + (pere ? 0 : 1)))
+        liens.emplace_back(autre);
     Personne *ajoutee = arbre->AjoutePersonne(enfant, pere);
     ajoutee->affichable = false;
     ajoutee->selectionnee = true;
@@ -148,7 +187,8 @@ bool RamelierDoc::AjoutePersonne(QWidget *parent, QString &repertoire, bool pere
     if (ajoutee->estVide()) {
         arbre->SupprimePersonne();
         arbre->nombreGenerations = generationsAvant;
-        lien = lienAvant;
+        for (const LiensGardes &lien : liens)
+            lien.Remet();
         enfant->selectionnee = true;
         arbre->selection = enfant;
         return false;
