@@ -34,6 +34,8 @@ void RamelierDoc::PrepareImportGED()
     optionsModifiees = false;
     nomFichier.clear();
     typeFichier = 0;
+    arbreCharge = false;
+    importGED = false;
 }
 
 int RamelierDoc::ImporteDeGED(QWidget *parent, const QString &fileName)
