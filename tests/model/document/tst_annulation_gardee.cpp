@@ -193,11 +193,12 @@ void TestAnnulationGardee::sansEffetToutResteGarde_data()
 {
     ColonneAvant();
     QTest::addColumn<QString>("geste");
-    const char *avants[] = {"rien", "une modification", "un père supprimé", "une mère supprimée"};
-    for (const char *geste :
-         {"modifier, annulé", "modifier, sans rien toucher", "ajouter, annulé", "ajouter, sans nom ni prénom"}) {
+    const QStringList avants{"rien", "une modification", "un père supprimé", "une mère supprimée"};
+    const QStringList gestes{"modifier, annulé", "modifier, sans rien toucher", "ajouter, annulé",
+                             "ajouter, sans nom ni prénom"};
+    for (const QString &geste : gestes) {
         for (const Avant avant : {Rien, Modification, SuppressionDuPere, SuppressionDeLaMere})
-            QTest::addRow("%s: %s", avants[avant], geste) << int(avant) << geste;
+            QTest::newRow(qPrintable(avants.at(avant) + ": " + geste)) << int(avant) << geste;
     }
 }
 
