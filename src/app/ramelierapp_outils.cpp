@@ -151,9 +151,3 @@ bool RamelierApp::RefuseDeRemplacerLeGED(const QString &nom)
         QStringLiteral("L'arbre n'a pas été exporté vers un fichier GEDCOM")};
     return RefuseDeRemplacer(nom, question);
 }
-
-// Commands that this version does not have yet: their actions exist, and do nothing.
-
-void RamelierApp::slotEditFicheHTML() { }
-
-void RamelierApp::slotAffFicheHTML() { }

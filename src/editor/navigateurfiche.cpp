@@ -1,0 +1,33 @@
+#include "navigateurfiche.h"
+
+#include "textefiche.h"
+
+#include <QFileInfo>
+#include <QStyle>
+
+NavigateurFiche::NavigateurFiche(QWidget *parent)
+    : QTextBrowser(parent)
+{
+    // Sheets are written for white paper, whatever the desktop's colours are.
+    QPalette papier = palette();
+    papier.setColor(QPalette::Base, Qt::white);
+    papier.setColor(QPalette::Text, Qt::black);
+    setPalette(papier);
+}
+
+QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
+{
+    const QUrl url = source().resolved(nom);
+    const QString chemin = url.toLocalFile();
+    const bool ordinaire = QFileInfo(chemin).isFile();
+    // Without a picture the toolkit would open the name by itself, even that of a device that never ends.
+    if (type == QTextDocument::ImageResource && !ordinaire)
+        return style()->standardIcon(QStyle::SP_FileIcon).pixmap(16, 16);
+    if (type != QTextDocument::HtmlResource)
+        return ordinaire ? QTextBrowser::loadResource(type, url) : QVariant();
+    const QByteArray octets = OctetsFiche(chemin);
+    if (!octets.isNull())
+        return TexteFicheHtml(octets);
+    return QStringLiteral("<p>Le fichier %1 n'existe pas !</p>")
+        .arg((chemin.isEmpty() ? url.toDisplayString() : chemin).toHtmlEscaped());
+}

@@ -1,0 +1,48 @@
+#include "textefiche.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringDecoder>
+
+namespace {
+
+/// The charset that a page declares in its first lines; empty when it declares none.
+QByteArray CharsetDeclare(const QByteArray &octets)
+{
+    constexpr qsizetype zoneDesDeclarations = 4096;
+    static const QRegularExpression declaration(QStringLiteral("charset\\s*=\\s*[\"']?\\s*([A-Za-z0-9_:.-]+)"),
+                                                QRegularExpression::CaseInsensitiveOption);
+    const QString debut = QString::fromLatin1(octets.left(zoneDesDeclarations));
+    return declaration.match(debut).captured(1).toLatin1();
+}
+
+}  // namespace
+
+QString TexteFicheHtml(const QByteArray &octets)
+{
+    if (!QStringConverter::encodingForData(octets)) {
+        QStringDecoder declare(CharsetDeclare(octets).constData());
+        if (declare.isValid())
+            return declare.decode(octets);
+    }
+    return TexteFicheSimple(octets);
+}
+
+QString TexteFicheSimple(const QByteArray &octets)
+{
+    const auto marque = QStringConverter::encodingForData(octets);
+    QStringDecoder decodeur(marque.value_or(QStringConverter::Utf8), QStringConverter::Flag::Stateless);
+    const QString texte = decodeur.decode(octets);
+    return decodeur.hasError() && !marque ? QString::fromLatin1(octets) : texte;
+}
+
+QByteArray OctetsFiche(const QString &nom)
+{
+    QFile fichier(nom);
+    // Opening a pipe would wait for its writer, and a device may never end.
+    if (!QFileInfo(nom).isFile() || !fichier.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray octets = fichier.readAll();
+    return octets.isNull() ? QByteArray("") : octets;
+}

@@ -1,0 +1,164 @@
+#include "fenetre.h"
+#include "lytextbrowser.h"
+#include "navigateurfiche.h"
+
+#include "ramelierdoc.h"
+
+#include <QAction>
+#include <QPointer>
+
+/// Showing the sheet of a person.
+class TestFiches : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void laFicheEstMontree_data();
+    void laFicheEstMontree();
+    void chaqueAppelOuvreUneFenetre();
+    void uneFicheAbsenteEstDite();
+    void leDoubleClicEnConsultationMontreLaFiche();
+    void fermerLaFenetreFermeLesFiches();
+    void sansSelectionRienNeSePasse();
+    void lesIconesExistent();
+
+private:
+    void Ouvre(const QString &fiche);
+    static QList<LyTextBrowser *> Afficheurs();
+
+    std::unique_ptr<Dossier> dossier;
+    std::unique_ptr<Fenetre> fenetre;
+};
+
+void TestFiches::init()
+{
+    EffaceReglages();
+    dossier = std::make_unique<Dossier>();
+}
+
+void TestFiches::cleanup()
+{
+    qDeleteAll(Afficheurs());
+    fenetre.reset();
+    dossier.reset();
+}
+
+void TestFiches::Ouvre(const QString &fiche)
+{
+    const QString chemin =
+        dossier->Ecrit("a.xrlg", ArbreEcrit("A", {{1, "MARTIN", "Jean"}, {12, "LEFÈVRE", "Élise", fiche}}));
+    fenetre = std::make_unique<Fenetre>(QStringList{chemin});
+}
+
+QList<LyTextBrowser *> TestFiches::Afficheurs()
+{
+    QList<LyTextBrowser *> trouves;
+    const auto fenetres = QApplication::topLevelWidgets();
+    for (QWidget *candidate : fenetres) {
+        if (auto *afficheur = qobject_cast<LyTextBrowser *>(candidate))
+            trouves += afficheur;
+    }
+    return trouves;
+}
+
+void TestFiches::laFicheEstMontree_data()
+{
+    QTest::addColumn<QString>("fiche");
+    QTest::addColumn<QString>("texte");
+    QTest::addColumn<QString>("titre");
+    const QString debut = "Ramelier 5.1 - fiche associée à la personne n° 12 - ";
+    QTest::newRow("html") << "elise.html"
+                          << "été" << debut + "Titre";
+    QTest::newRow("htm en capitales") << "notes.HTM"
+                                      << "été" << debut + "Titre";
+    QTest::newRow("texte") << "notes.txt"
+                           << "<title>Titre</title><b>été</b>" << debut + "notes.txt";
+}
+
+void TestFiches::laFicheEstMontree()
+{
+    QFETCH(const QString, fiche);
+    dossier->Ecrit(fiche, "<title>Titre</title><b>été</b>");
+    Ouvre(fiche);
+    Clique(*fenetre, 12);
+    fenetre->actAffFicheHTML->trigger();
+    QCOMPARE(Afficheurs().size(), 1);
+    const LyTextBrowser &afficheur = *Afficheurs().constFirst();
+    QTEST(afficheur.navigateur->toPlainText(), "texte");
+    QTEST(afficheur.windowTitle(), "titre");
+    QCOMPARE(afficheur.windowIcon().cacheKey(), fenetre->windowIcon().cacheKey());
+}
+
+void TestFiches::chaqueAppelOuvreUneFenetre()
+{
+    dossier->Ecrit("elise.html", "a");
+    Ouvre("elise.html");
+    Clique(*fenetre, 12);
+    fenetre->actAffFicheHTML->trigger();
+    fenetre->actAffFicheHTML->trigger();
+    QCOMPARE(Afficheurs().size(), 2);
+}
+
+void TestFiches::uneFicheAbsenteEstDite()
+{
+    Ouvre("absente.html");
+    Clique(*fenetre, 12);
+    Scenario scenario;
+    scenario.Repond("OK");
+    fenetre->actAffFicheHTML->trigger();
+    QCOMPARE(scenario.Ecarts(), QStringList());
+    const BoiteVue boite = scenario.Boites().constFirst();
+    QCOMPARE(boite.titre, "Information");
+    QCOMPARE(boite.texte, "Le fichier " + dossier->Chemin("absente.html") + " n'existe pas !");
+    QCOMPARE(boite.icone, QMessageBox::Information);
+    QCOMPARE(boite.boutons, QStringList{"OK"});
+    QCOMPARE(Afficheurs().size(), 0);
+}
+
+void TestFiches::leDoubleClicEnConsultationMontreLaFiche()
+{
+    dossier->Ecrit("elise.html", "a");
+    Ouvre("elise.html");
+    Clique(*fenetre, 12);
+    fenetre->slotPersonneDoubleCliquee();
+    QCOMPARE(Afficheurs().size(), 1);
+}
+
+void TestFiches::fermerLaFenetreFermeLesFiches()
+{
+    dossier->Ecrit("elise.html", "a");
+    Ouvre("elise.html");
+    Clique(*fenetre, 12);
+    fenetre->actAffFicheHTML->trigger();
+    const QPointer<LyTextBrowser> afficheur = Afficheurs().constFirst();
+    fenetre->close();
+    QTRY_VERIFY(!afficheur);
+}
+
+void TestFiches::sansSelectionRienNeSePasse()
+{
+    Ouvre("elise.html");
+    Scenario scenario;
+    fenetre->slotAffFicheHTML();
+    fenetre = std::make_unique<Fenetre>();
+    fenetre->slotAffFicheHTML();
+    QCOMPARE(scenario.Ecarts(), QStringList());
+    QCOMPARE(Afficheurs().size(), 0);
+}
+
+void TestFiches::lesIconesExistent()
+{
+    dossier->Ecrit("notes.txt", "a");
+    Ouvre("notes.txt");
+    Clique(*fenetre, 12);
+    fenetre->actAffFicheHTML->trigger();
+    const LyTextBrowser &afficheur = *Afficheurs().constFirst();
+    for (const QAction *action : {afficheur.actFilePrint, afficheur.actSuivant, afficheur.actPrecedent,
+                                  afficheur.actRecharger, afficheur.actOrigine})
+        QVERIFY2(!action->icon().pixmap(16, 16).isNull(), qPrintable(action->text()));
+}
+
+RAMELIER_TEST_FENETRE_MAIN(TestFiches)
+#include "tst_fiches.moc"
