@@ -24,6 +24,7 @@ private Q_SLOTS:
     void refuserDeRemplacerLaisseLAncienFichier();
     void unAncienFichierDejaRenommeReste();
     void sauverSousFaitDeMeme();
+    void apresUnEchecLaSauvegardeSuivanteRedemandeUnNom();
     void unFichierAbimeEstRefuse_data();
     void unFichierAbimeEstRefuse();
 
@@ -225,6 +226,26 @@ void TestSauverAncien::sauverSousFaitDeMeme()
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(scenario.Boites().constFirst().titre, titreDuNom);
     QCOMPARE(dossier->Noms(), (QStringList{"autre.xrlg", "martin.final.rlg.old"}));
+}
+
+void TestSauverAncien::apresUnEchecLaSauvegardeSuivanteRedemandeUnNom()
+{
+    Ouvre(3);
+    fenetre->doc->modifie = true;
+    Scenario scenario;
+    scenario.Repond("OK");
+    Choisit(scenario, dossier->Chemin("absent/martin.xrlg"));
+    scenario.Repond("OK");  // the writer's own box
+    fenetre->actFileSave->trigger();
+    QCOMPARE(scenario.Boites().constLast().titre, "Fichier XRLG");
+    QVERIFY(fenetre->doc->isModified());
+    QCOMPARE(dossier->Noms(), QStringList{"martin.final.rlg.old"});
+    // Nothing is ever written under the older name.
+    Choisit(scenario, dossier->Chemin("martin.xrlg"));
+    fenetre->actFileSave->trigger();
+    QCOMPARE(scenario.Ecarts(), QStringList());
+    QCOMPARE(dossier->Noms(), (QStringList{"martin.final.rlg.old", "martin.xrlg"}));
+    QVERIFY(!fenetre->doc->isModified());
 }
 
 void TestSauverAncien::unFichierAbimeEstRefuse_data()

@@ -58,7 +58,8 @@ public:
     /// Writes the tree to its file and, when they changed, the formats and fonts to \a fichierOptions. False, the flags
     /// unchanged, when the tree could not be written (the user has been told) or there is none.
     bool save(QString &fichierOptions);
-    /// Writes the tree as XRLG under a new name, which becomes its own; writes the formats and fonts when they changed or
+    /// Writes the tree as XRLG under a new name, which becomes its own (after a failure a tree from an older file has
+    /// none); writes the formats and fonts when they changed or
     /// \a avecOptions asks for it.
     bool saveAs(const QString &fileName, QString &fichierOptions, bool avecOptions);
 

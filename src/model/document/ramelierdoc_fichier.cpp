@@ -60,9 +60,14 @@ bool RamelierDoc::saveAs(const QString &fileName, QString &fichierOptions, bool 
 {
     if (!arbre)
         return false;
+    const bool ancien = typeFichier == 1 || typeFichier == 3;
     typeFichier = 4;
-    if (!writeFicXRLG(fileName, arbre))
+    if (!writeFicXRLG(fileName, arbre)) {
+        // The next save must ask again: written under its old name, the tree could not be read back.
+        if (ancien)
+            nomFichier.clear();
         return false;
+    }
     nomFichier = fileName;
     modifie = false;
     if (optionsModifiees || avecOptions)
