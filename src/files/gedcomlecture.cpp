@@ -72,14 +72,21 @@ constexpr Mot motsDInfo[] = {{QLatin1String("NAME"), Nom},
                              {QLatin1String("WIFE"), Femme},
                              {QLatin1String("CHIL"), Enfant}};
 
-/// The first word of the table that occurs anywhere in the line, or none.
+/// The first word of the table that occurs anywhere in the line, or none. One walk over the line: only a word that stands
+/// before the best one so far is still looked for.
 template <std::size_t nombre> const Mot *Cherche(const Mot (&mots)[nombre], QStringView ligne)
 {
-    for (const Mot &mot : mots) {
-        if (ligne.contains(mot.texte))
-            return &mot;
+    std::size_t premier = nombre;
+    for (qsizetype i = 0; i < ligne.size() && premier > 0; ++i) {
+        const char16_t lettre = ligne.at(i).unicode();
+        if (lettre < u'A' || lettre > u'Z')
+            continue;
+        for (std::size_t k = 0; k < premier; ++k) {
+            if (lettre == mots[k].texte.at(0).unicode() && ligne.sliced(i).startsWith(mots[k].texte))
+                premier = k;
+        }
     }
-    return nullptr;
+    return premier < nombre ? &mots[premier] : nullptr;
 }
 
 short PrendNiveau(QStringView &ligne)
