@@ -64,7 +64,7 @@ void RamelierApp::slotSuppPers()
         Boites::Information(this, titreSuppression, refus);
         return;
     }
-    const QString question = QStringLiteral("Voulez-vous vraiment supprimer la personne n° ")
+    const QString question = QStringLiteral("Voulez-vous vraiement supprimer la personne n° ")
         + QString::number(personne->numero) + QStringLiteral(" ?");
     if (Boites::Demande(this, QMessageBox::Warning, titreSuppression, question,
                         {QStringLiteral("Oui"), QStringLiteral("Non")}, 1, 1)

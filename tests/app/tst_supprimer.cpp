@@ -167,7 +167,7 @@ void TestSupprimer::laQuestionDitSesTextes()
     QCOMPARE(scenario.Ecarts(), QStringList());
     const BoiteVue boite = scenario.Boites().constFirst();
     QCOMPARE(boite.titre, titre);
-    QCOMPARE(boite.texte, "Voulez-vous vraiment supprimer la personne n° 6 ?");
+    QCOMPARE(boite.texte, "Voulez-vous vraiement supprimer la personne n° 6 ?");
     QCOMPARE(boite.icone, QMessageBox::Warning);
     QCOMPARE(boite.boutons, (QStringList{"Oui", "Non"}));
     QCOMPARE(boite.defaut, "Non");

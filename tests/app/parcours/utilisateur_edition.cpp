@@ -149,7 +149,7 @@ void Utilisateur::SupprimeLaSelection()
         return Lance(fenetre.actSuppPers);
     }
     const bool oui = tirage.Chance(80);
-    pilote.AttendBoite(titreSuppression, "Voulez-vous vraiment supprimer la personne n° " + numero + " ?",
+    pilote.AttendBoite(titreSuppression, "Voulez-vous vraiement supprimer la personne n° " + numero + " ?",
                        oui ? "Oui" : "Non");
     Lance(fenetre.actSuppPers);
     if (oui) {
