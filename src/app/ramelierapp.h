@@ -169,6 +169,7 @@ private:
     void PasseEnConsultation();
     void PasseEnEdition();
     void ActiveCommandesArbre();
+    void ActiveCommandesArbreSaufExport(bool active);
     void ActiveCommandesPersonne();
     void MontreEchecDOuverture(const QString &status, const QString &texte);
     /// What is asked before a file is replaced, and said when it is not.

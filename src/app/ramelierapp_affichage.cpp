@@ -33,11 +33,15 @@ void RamelierApp::resetMenus()
            false);
 }
 
+void RamelierApp::ActiveCommandesArbreSaufExport(bool active)
+{
+    Active({actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actPoliceCaract, actFormatsDessins}, active);
+}
+
 void RamelierApp::ActiveCommandesArbre()
 {
-    Active(
-        {actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actExporteGED, actPoliceCaract, actFormatsDessins},
-        true);
+    ActiveCommandesArbreSaufExport(true);
+    actExporteGED->setEnabled(true);
 }
 
 void RamelierApp::ActiveCommandesPersonne()

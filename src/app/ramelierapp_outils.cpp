@@ -34,9 +34,7 @@ const Cote coteDeLaMere{QStringLiteral("Nom du fichier arbre de la mère..."),
 
 void RamelierApp::OteLesCommandesArbre()
 {
-    for (QAction *action :
-         {actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actPoliceCaract, actFormatsDessins})
-        action->setEnabled(false);
+    ActiveCommandesArbreSaufExport(false);
     PasseEnConsultation();
 }
 
@@ -45,9 +43,7 @@ void RamelierApp::RendLesCommandesArbre()
     fichierArbre.clear();
     fichierOptions.clear();
     setWindowTitle(titreNouveau);
-    for (QAction *action :
-         {actFileSave, actFileSaveAs, actFilePrint, actModeTravail, actPoliceCaract, actFormatsDessins})
-        action->setEnabled(true);
+    ActiveCommandesArbreSaufExport(true);
     PasseEnEdition();
 }
 
