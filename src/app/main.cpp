@@ -6,6 +6,7 @@
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("ramelier"));
     PrepareLApplication(application);
     auto *fenetre = new RamelierApp(argc, argv);
     const int resultat = QApplication::exec();

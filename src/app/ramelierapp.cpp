@@ -1,17 +1,16 @@
 #include "ramelierapp.h"
 
 #include "arbview.h"
+#include "ecran.h"
 #include "ramelierdoc.h"
 #include "ramelierview.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
-#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -19,12 +18,6 @@ namespace {
 
 const QString organisation = QStringLiteral("ProgrammesLY");
 const QString application = QStringLiteral("ramelier");
-
-QSize TailleInitiale()
-{
-    const QRect bureau = QGuiApplication::primaryScreen()->virtualGeometry();
-    return bureau.width() > 800 && bureau.height() > 600 ? QSize(800, 600) : QSize(600, 440);
-}
 
 }  // namespace
 

@@ -143,15 +143,12 @@ protected:
     void AnnulerSuppression();
 
 private:
-    struct DefAction;
-
     void initActions();
     void initMenuBar();
     void initToolBar();
     void initStatusBar();
     void ConstruitMenusSurgissants();
     void ConnecteLeDocument();
-    QAction *CreeAction(const DefAction &definition);
     void Remplit(QMenu *menu, std::initializer_list<QAction *> actions);
 
     void Status(const QString &texte, int duree = 0);

@@ -1,47 +1,14 @@
 #include "ramelierapp.h"
 
-#include <QAction>
-#include <QIcon>
-#include <QKeySequence>
+#include "tableactions.h"
+
 #include <QWhatsThis>
-
-/// One row of the table of actions.
-struct RamelierApp::DefAction
-{
-    QAction *RamelierApp::*membre;
-    const char *texte;
-    const char *raccourci;
-    const char *icone;
-    const char *status;
-    const char *quEstCe;
-    void (RamelierApp::*slot)();
-    void (RamelierApp::*bascule)(bool) = nullptr;  ///< of a checkable action, checked at first, in the place of slot
-};
-
-QAction *RamelierApp::CreeAction(const DefAction &definition)
-{
-    auto *action = new QAction(QString::fromUtf8(definition.texte), this);
-    if (*definition.raccourci)
-        action->setShortcut(QKeySequence(QString::fromLatin1(definition.raccourci), QKeySequence::PortableText));
-    if (*definition.icone)
-        action->setIcon(QIcon(QString::fromLatin1(definition.icone)));
-    action->setStatusTip(QString::fromUtf8(definition.status));
-    action->setWhatsThis(QString::fromUtf8(definition.quEstCe));
-    if (definition.bascule) {
-        action->setCheckable(true);
-        action->setChecked(true);
-        connect(action, &QAction::toggled, this, definition.bascule);
-    } else {
-        connect(action, &QAction::triggered, this, definition.slot);
-    }
-    return action;
-}
 
 void RamelierApp::initActions()
 {
     using App = RamelierApp;
     // Member, text, shortcut, icon, status tip, what's this, slot. Some texts look odd; they are meant to be as they are.
-    static const DefAction actions[] = {
+    static const DefAction<App> actions[] = {
         {&App::actFileNew, "&Nouveau", "Ctrl+N", ":/images/filenew.png", "Création d'un nouvel arbre généalogique",
          "Nouveau\n\nCréation d'un nouvel arbre généalogique", &App::slotFileNew},
         {&App::actFileOpen, "&Ouvrir", "Ctrl+O", ":/images/fileopen.png",
@@ -121,8 +88,7 @@ void RamelierApp::initActions()
         {&App::actHelpAboutQt, "A propos de Qt", "", "", "A propos de l'outil de développement de l'application",
          "A propos de Qt\n\nA propos de l'outil de développement l'application", &App::slotHelpAboutQt},
     };
-    for (const DefAction &definition : actions)
-        this->*definition.membre = CreeAction(definition);
+    CreeActions(this, actions);
     actWhatsThis = QWhatsThis::createAction(this);
     resetMenus();
 }

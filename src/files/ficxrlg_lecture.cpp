@@ -1,6 +1,7 @@
 #include "ficxrlg.h"
 
 #include "interlocuteur.h"
+#include "lecture.h"
 #include "xrlghandler.h"
 
 #include <QFile>
@@ -58,12 +59,9 @@ bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
 
 int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
 {
-    const QFileInfo info(fileName);
     QFile fichier(fileName);
-    // Opening a pipe would wait for its writer, and a device may never end.
-    const bool ordinaire = !info.exists() || info.isFile() || info.isDir();
-    if (!ordinaire || !fichier.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        const QString cause = ordinaire ? fichier.errorString() : QStringLiteral("Ce n'est pas un fichier ordinaire");
+    QString cause;
+    if (!OuvreEnLecture(fichier, QIODevice::ReadOnly | QIODevice::Text, cause)) {
         Interlocuteur::Courant().Avertissement(
             QStringLiteral("Arbre XRLG"),
             QStringLiteral("Impossible de lire le fichier %1:\n%2.").arg(fileName, cause));

@@ -32,7 +32,6 @@ void PrepareLApplication(QApplication &application)
 {
     constexpr int megaoctetsParPhoto = 1024;
     EnregistreLesIcones();
-    QGuiApplication::setDesktopFileName(QStringLiteral("ramelier"));
     QImageReader::setAllocationLimit(megaoctetsParPhoto);
     Interlocuteur::Installe(std::make_unique<InterlocuteurBureau>());
     ParleFrancais(application);
