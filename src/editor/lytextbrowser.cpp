@@ -2,9 +2,9 @@
 
 #include "boites.h"
 #include "navigateurfiche.h"
+#include "tableactions.h"
 #include "textefiche.h"
 
-#include <QAction>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -16,17 +16,6 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QWhatsThis>
-
-struct LyTextBrowser::DefAction
-{
-    QAction *LyTextBrowser::*membre;
-    const char *texte;
-    const char *raccourci;
-    const char *icone;
-    const char *status;
-    const char *quEstCe;
-    void (LyTextBrowser::*slot)();
-};
 
 LyTextBrowser::LyTextBrowser(const QIcon &icone, const QString &titreDeBase, const QString &fichier, bool commeHtml)
     : navigateur(new NavigateurFiche(this))
@@ -53,7 +42,7 @@ void LyTextBrowser::initActions()
 {
     using Vue = LyTextBrowser;
     // Member, text, shortcut, icon, status tip, what's this, slot. "de développement l'application" is meant so.
-    static const DefAction actions[] = {
+    static const DefAction<Vue> actions[] = {
         {&Vue::actFilePrint, "Im&primer", "Ctrl+P", ":/images/printer.png", "Imprime le texte affiché",
          "Imprimer\n\nImprime le texte affiché", &Vue::slotFilePrint},
         {&Vue::actFileQuit, "&Fermer", "Ctrl+Q", "", "Ferme cette fenêtre", "Fermer\n\nFerme cette fenêtre",
@@ -76,18 +65,7 @@ void LyTextBrowser::initActions()
         {&Vue::actHelpAboutQt, "A propos de Qt", "", "", "A propos de l'outil de développement de l'application",
          "A propos de Qt\n\nA propos de l'outil de développement l'application", &Vue::slotHelpAboutQt},
     };
-    for (const DefAction &definition : actions) {
-        auto *action = new QAction(QString::fromUtf8(definition.texte), this);
-        if (*definition.raccourci)
-            action->setShortcut(QKeySequence(QString::fromLatin1(definition.raccourci), QKeySequence::PortableText));
-        if (*definition.icone)
-            action->setIcon(QIcon(QString::fromLatin1(definition.icone)));
-        action->setStatusTip(QString::fromUtf8(definition.status));
-        action->setWhatsThis(QString::fromUtf8(definition.quEstCe));
-        if (definition.slot)
-            connect(action, &QAction::triggered, this, definition.slot);
-        this->*definition.membre = action;
-    }
+    CreeActions(this, actions);
     actViewToolBar->setCheckable(true);
     actViewToolBar->setChecked(true);
     connect(actViewToolBar, &QAction::triggered, this, &LyTextBrowser::slotViewToolBar);

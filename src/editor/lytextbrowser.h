@@ -62,8 +62,6 @@ protected:
     void closeEvent(QCloseEvent *evenement) override;
 
 private:
-    struct DefAction;
-
     void initActions();
     void initMenus();
     void initBarreOutils();

@@ -1,7 +1,7 @@
 #include "textefiche.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "lecture.h"
+
 #include <QRegularExpression>
 #include <QStringDecoder>
 
@@ -37,12 +37,18 @@ QString TexteFicheSimple(const QByteArray &octets)
     return decodeur.hasError() && !marque ? QString::fromLatin1(octets) : texte;
 }
 
-QByteArray OctetsFiche(const QString &nom)
+QByteArray OctetsFiche(const QString &nom, QString *cause)
 {
     QFile fichier(nom);
-    // Opening a pipe would wait for its writer, and a device may never end.
-    if (!QFileInfo(nom).isFile() || !fichier.open(QIODevice::ReadOnly))
-        return {};
-    const QByteArray octets = fichier.readAll();
-    return octets.isNull() ? QByteArray("") : octets;
+    QString refus;
+    QByteArray octets;
+    if (OuvreEnLecture(fichier, QIODevice::ReadOnly, refus)) {
+        octets = fichier.readAll();
+        if (fichier.error() == QFileDevice::NoError)
+            return octets.isNull() ? QByteArray("") : octets;
+        refus = fichier.errorString();
+    }
+    if (cause)
+        *cause = refus;
+    return {};
 }

@@ -8,5 +8,6 @@
 [[nodiscard]] QString TexteFicheHtml(const QByteArray &octets);
 /// The text of a plain sheet: as UTF-8 where its bytes are valid UTF-8, else as ISO 8859-1.
 [[nodiscard]] QString TexteFicheSimple(const QByteArray &octets);
-/// All bytes of the regular file \a nom; a null array when there is none or it cannot be read.
-[[nodiscard]] QByteArray OctetsFiche(const QString &nom);
+/// All bytes of the regular file \a nom; a null array, with the system's words in \a cause when one is given, when there
+/// is none or it cannot be read.
+[[nodiscard]] QByteArray OctetsFiche(const QString &nom, QString *cause = nullptr);

@@ -1,0 +1,181 @@
+#include "lytextedit.h"
+
+#include "boites.h"
+#include "curseurattente.h"
+#include "ecriture.h"
+#include "monqtextedit.h"
+#include "textefiche.h"
+
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QStatusBar>
+
+namespace {
+
+const QStringList ouiNonAnnuler{QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")};
+constexpr int oui = 0;
+constexpr int annuler = 2;
+
+/// Puts \a octets into the file \a nom. False with \a cause when that failed; the old file is then still there.
+bool Ecrit(const QString &nom, const QByteArray &octets, QString &cause)
+{
+    EcritureFichier ecriture(nom);
+    if (ecriture.Ouvre()) {
+        ecriture.Appareil().write(octets);
+        if (ecriture.Termine())
+            return true;
+    }
+    cause = ecriture.Erreur();
+    return false;
+}
+
+}  // namespace
+
+bool LyTextEdit::loadFile(const QString &f)
+{
+    QString cause;
+    const QByteArray octets = OctetsFiche(f, &cause);
+    if (octets.isNull()) {
+        Boites::Avertissement(this, QStringLiteral("LyEditHtml"),
+                              QStringLiteral("Cannot read file %1:\n%2.").arg(f, cause));
+        return false;
+    }
+    const CurseurAttente attente;
+    texte->setPlainText(QStringDecoder(codec).decode(octets));
+    return true;
+}
+
+bool LyTextEdit::saveFile(const QString &f)
+{
+    QStringEncoder encodeur(codec);
+    const QByteArray octets = encodeur.encode(texte->TexteExact());
+    QString cause;
+    const bool ecrit = [&] {
+        const CurseurAttente attente;
+        return Ecrit(f, octets, cause);
+    }();
+    // Another title than that of a failed reading: deliberate.
+    if (!ecrit) {
+        Boites::Avertissement(this, QStringLiteral("LyTextEdit"),
+                              QStringLiteral("Cannot write file %1:\n%2.").arg(f, cause));
+        return false;
+    }
+    texte->document()->setModified(false);
+    setCurrentFile(f);
+    if (encodeur.hasError())
+        statusBar()->showMessage(QStringLiteral("Des caractères qui n'existent pas en ISO 8859-1 ont été enregistrés "
+                                                "comme « ? »"));
+    return true;
+}
+
+bool LyTextEdit::Sauve()
+{
+    return fichierCourant.isEmpty() ? slotFileSaveAs() : saveFile(fichierCourant);
+}
+
+bool LyTextEdit::PeutAbandonnerLeTexte()
+{
+    bool continuer = true;
+    if (texte->document()->isModified())
+        proposeSauvegarde(&continuer);
+    return continuer;
+}
+
+void LyTextEdit::proposeSauvegarde(bool *continuer)
+{
+    const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauvegarde"),
+                                        QStringLiteral("Le texte a été modifié \n enregistrer les modifications ?"),
+                                        ouiNonAnnuler, oui, annuler);
+    if (reponse == annuler || (reponse == oui && !Sauve()))
+        *continuer = false;
+}
+
+void LyTextEdit::slotFileNew()
+{
+    if (!PeutAbandonnerLeTexte())
+        return;
+    texte->setPlainText(QString());
+    fichierCourant.clear();
+    nomCourt.clear();
+    modeHtml = true;
+    disableHtml(true);
+    ComposeTitre(QStringLiteral("Nouveau"));
+    MontreAlignement();
+}
+
+void LyTextEdit::slotFileOpen()
+{
+    if (!PeutAbandonnerLeTexte())
+        return;
+    const QString nom = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Ouvrir"), dernierRep,
+        QStringLiteral("Fichiers html (*.htm *.html);;Textes simples (*.txt);;Tous les fichiers (*)"));
+    if (nom.isEmpty() || !loadFile(nom))
+        return;
+    dernierRep = QFileInfo(nom).absolutePath();
+    setCurrentFile(nom);
+    setHtmlOuTxt(nom);
+    disableHtml(modeHtml);
+}
+
+bool LyTextEdit::slotFileSave()
+{
+    return Sauve();
+}
+
+QString LyTextEdit::ChoisitUnNom()
+{
+    QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"),
+                                               fichierCourant.isEmpty() ? dernierRep : fichierCourant,
+                                               QStringLiteral("Textes (*.htm; *.html; *.txt)"));
+    if (nom.isEmpty() || nom.contains(u'.'))
+        return nom;
+    nom += modeHtml ? QStringLiteral(".html") : QStringLiteral(".txt");
+    // The dialog asked for the name as it was typed, not for this one.
+    if (QFileInfo::exists(nom)
+        && Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Enregistrer sous"),
+                           QStringLiteral("Le fichier %1 existe déjà.\nVoulez-vous le remplacer ?").arg(nom),
+                           {QStringLiteral("Oui"), QStringLiteral("Non")}, 1, 1)
+            != oui)
+        return {};
+    return nom;
+}
+
+bool LyTextEdit::slotFileSaveAs()
+{
+    const QString nom = ChoisitUnNom();
+    if (nom.isEmpty() || !saveFile(nom))
+        return false;
+    dernierRep = QFileInfo(nom).absolutePath();
+    setHtmlOuTxt(nom);
+    disableHtml(modeHtml);
+    return true;
+}
+
+bool LyTextEdit::queryExit()
+{
+    const int reponse = Boites::Demande(
+        this, QMessageBox::Warning, QStringLiteral("Fermer..."),
+        QStringLiteral("La fiche éditée a été modifiée \n enregistrer les modifications avant de fermer ?"),
+        ouiNonAnnuler, oui, annuler);
+    if (reponse == oui)
+        Sauve();
+    return reponse != annuler;
+}
+
+void LyTextEdit::closeEvent(QCloseEvent *evenement)
+{
+    if (texte->document()->isModified() && !queryExit()) {
+        evenement->ignore();
+        return;
+    }
+    writeSettings();
+    Q_EMIT FermetureTextEdit(this);
+    Q_EMIT fermetureLyEditHtml();
+    evenement->accept();
+}
+
+void LyTextEdit::slotFileQuit()
+{
+    close();
+}

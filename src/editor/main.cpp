@@ -1,0 +1,17 @@
+#include "demarrage.h"
+#include "lytextedit.h"
+
+#include <QApplication>
+#include <QFile>
+
+/// The editor of sheets as a program of its own: lyedithtml [FILE]
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("lyedithtml"));
+    PrepareLApplication(application);
+    const QString fichier = argc >= 2 ? QFile::decodeName(argv[1]) : QString();
+    const LyTextEdit editeur(QStringLiteral("LyEditHtml"), fichier, true, QFile::decodeName(argv[0]),
+                             QStringLiteral("1.0"));
+    return QApplication::exec();
+}

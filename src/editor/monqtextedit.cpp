@@ -1,0 +1,30 @@
+#include "monqtextedit.h"
+
+#include <QKeyEvent>
+
+monQTextEdit::monQTextEdit(QWidget *parent)
+    : QTextEdit(parent)
+{
+    setAcceptRichText(false);
+    // The colours of the source are chosen for a light page.
+    QPalette papier = palette();
+    papier.setColor(QPalette::Base, Qt::white);
+    papier.setColor(QPalette::Text, Qt::black);
+    setPalette(papier);
+}
+
+QString monQTextEdit::TexteExact() const
+{
+    QString texte = document()->toRawText();
+    texte.replace(QChar::ParagraphSeparator, u'\n');
+    texte.replace(QChar::LineSeparator, u'\n');
+    return texte;
+}
+
+void monQTextEdit::keyPressEvent(QKeyEvent *evenement)
+{
+    QTextEdit::keyPressEvent(evenement);
+    const bool seule = !(evenement->modifiers() & ~Qt::KeypadModifier);
+    if (evenement->key() == Qt::Key_Insert && seule)
+        Q_EMIT insertKeyPressed();
+}
