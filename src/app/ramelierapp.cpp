@@ -2,6 +2,7 @@
 
 #include "arbview.h"
 #include "ecran.h"
+#include "lytextedit.h"
 #include "ramelierdoc.h"
 #include "ramelierview.h"
 
@@ -49,6 +50,10 @@ RamelierApp::RamelierApp(int argc, char **argv)
 
 RamelierApp::~RamelierApp()
 {
+    // While an editor still keeps the program waiting, this window is no more to be used.
+    hide();
+    FermeLesEditeurs();
+    Q_EMIT fermetureRamelier();
     delete popupPersonne;
     delete popupGeneral;
     delete view;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QString>
 
 class LyTextEdit;
@@ -76,7 +77,7 @@ public:
     QAction *actHelpAbout = nullptr;
     QAction *actHelpAboutQt = nullptr;
     QAction *actWhatsThis = nullptr;
-    LyTextEdit *listeEditeurs = nullptr;  ///< head of the chain of open sheet editors
+    QPointer<LyTextEdit> listeEditeurs;  ///< head of the chain of open sheet editors, which this window owns
 
     /// Disables every command that needs a tree or a selection.
     void resetMenus();
@@ -122,6 +123,8 @@ public Q_SLOTS:
     void slotPersonneDoubleCliquee();
     /// A change can be taken back.
     void slotAutoriseAnnulation();
+    /// \a editeur closes: it leaves the chain of open editors, if it is in it, and is deleted later.
+    void slotGestionListeEditeurs(LyTextEdit *editeur);
 
 Q_SIGNALS:
     /// Asks the drawing to refresh; codes as RamelierDoc::documentChanged.
@@ -161,6 +164,14 @@ private:
     /// Why \a personne cannot be deleted; empty when it can.
     [[nodiscard]] QString RefusDeSupprimer(const Personne &personne) const;
     void AjouteParent(bool pere);
+    /// The name of the selected person's sheet, which the user is asked for when there is none; empty when they gave up.
+    [[nodiscard]] QString NomDeLaFicheAEditer();
+    /// False when no open editor has the file \a chemin.
+    [[nodiscard]] bool MetDevantLesEditeursDe(const QString &chemin);
+    /// False when \a editeur is not in the chain.
+    bool OteDeLaChaine(LyTextEdit *editeur);
+    /// Closes every open editor, one after the other, and waits for those whose user keeps them open.
+    void FermeLesEditeurs();
     /// Lets the user change and keep the preferences; false when they gave up.
     [[nodiscard]] bool SaisitPreferences();
     void PasseEnConsultation();

@@ -1,9 +1,15 @@
 #include "ramelierapp.h"
 
+#include "lytextbrowser.h"
+
 #include <QMessageBox>
 
-// The manual does not exist yet: its command does nothing.
-void RamelierApp::slotAide() { }
+void RamelierApp::slotAide()
+{
+    const auto *manuel =
+        new LyTextBrowser(windowIcon(), QStringLiteral("Ramelier"), repAide + QStringLiteral("/index.html"), true);
+    connect(this, &RamelierApp::fermetureRamelier, manuel, &LyTextBrowser::slotFileQuit);
+}
 
 void RamelierApp::slotHelpAbout()
 {
