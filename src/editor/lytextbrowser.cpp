@@ -100,6 +100,7 @@ void LyTextBrowser::initBarreOutils()
 void LyTextBrowser::Montre(const QString &fichier)
 {
     const QFileInfo info(fichier);
+    fichierMontre = fichier;
     fichierPdf = info.absolutePath() + u'/' + info.baseName() + QStringLiteral(".pdf");
     if (html) {
         navigateur->setSource(QUrl::fromLocalFile(fichier));
@@ -154,7 +155,11 @@ void LyTextBrowser::slotPrecedent()
 
 void LyTextBrowser::slotRecharger()
 {
-    navigateur->reload();
+    // A plain text has no source that the toolkit could read again.
+    if (html)
+        navigateur->reload();
+    else
+        Montre(fichierMontre);
 }
 
 void LyTextBrowser::slotOrigine()

@@ -21,9 +21,10 @@ public:
     void Montre(const QString &fichier);
 
     NavigateurFiche *navigateur;
-    QString titre;       ///< base of the window's title
-    QString legende;     ///< the window's title with that of the page
-    QString fichierPdf;  ///< where the sheet is printed as PDF: beside the file
+    QString titre;          ///< base of the window's title
+    QString legende;        ///< the window's title with that of the page
+    QString fichierMontre;  ///< the file given last, not the page that its links led to
+    QString fichierPdf;     ///< where the sheet is printed as PDF: beside the file
     bool html;
     QMenu *menuFichier = nullptr;
     QMenu *menuAffichage = nullptr;

@@ -65,6 +65,8 @@ void LyTextEdit::initTexte()
     constexpr int tailleDeBase = 10;
     QFont courier(QStringLiteral("Courier"), tailleDeBase);
     courier.setFixedPitch(true);
+    // Any font of one width stands for it better than a proportional one.
+    courier.setStyleHint(QFont::TypeWriter);
     AppliquePolice(courier);
     setCentralWidget(texte);
 }
@@ -158,8 +160,9 @@ void LyTextEdit::AppliquePolice(const QFont &police)
 void LyTextEdit::readSettings()
 {
     const QSettings reglages(organisation, application);
+    const QString description = reglages.value(QStringLiteral("font")).toString();
     QFont police;
-    if (police.fromString(reglages.value(QStringLiteral("font")).toString()))
+    if (!description.isEmpty() && police.fromString(description))
         AppliquePolice(police);
     resize(reglages.value(QStringLiteral("size"), QSize(400, 400)).toSize());
     move(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint());

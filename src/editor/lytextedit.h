@@ -225,6 +225,8 @@ private:
     [[nodiscard]] bool PeutAbandonnerLeTexte();
     /// Saves under the current name, or asks for one.
     bool Sauve();
+    /// The name chosen in a file dialog, as typed; empty when the user gave up.
+    [[nodiscard]] QString DemandeUnNom();
     /// The chosen name with its extension; empty when the user gave up.
     [[nodiscard]] QString ChoisitUnNom();
     void AppliquePolice(const QFont &police);

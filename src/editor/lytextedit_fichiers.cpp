@@ -8,6 +8,7 @@
 
 #include <QCloseEvent>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QStatusBar>
 
 namespace {
@@ -123,11 +124,21 @@ bool LyTextEdit::slotFileSave()
     return Sauve();
 }
 
+QString LyTextEdit::DemandeUnNom()
+{
+    QFileDialog dialogue(this, QStringLiteral("Enregistrer sous"),
+                         fichierCourant.isEmpty() ? dernierRep : fichierCourant,
+                         QStringLiteral("Textes (*.htm; *.html; *.txt)"));
+    dialogue.setAcceptMode(QFileDialog::AcceptSave);
+    // The toolkit parts the patterns at blanks alone, and would only show names that end with ";".
+    if (auto *modele = dialogue.findChild<QFileSystemModel *>())
+        modele->setNameFilters({QStringLiteral("*.htm"), QStringLiteral("*.html"), QStringLiteral("*.txt")});
+    return dialogue.exec() == QDialog::Accepted ? dialogue.selectedFiles().value(0) : QString();
+}
+
 QString LyTextEdit::ChoisitUnNom()
 {
-    QString nom = QFileDialog::getSaveFileName(this, QStringLiteral("Enregistrer sous"),
-                                               fichierCourant.isEmpty() ? dernierRep : fichierCourant,
-                                               QStringLiteral("Textes (*.htm; *.html; *.txt)"));
+    QString nom = DemandeUnNom();
     if (nom.isEmpty() || nom.contains(u'.'))
         return nom;
     nom += modeHtml ? QStringLiteral(".html") : QStringLiteral(".txt");
