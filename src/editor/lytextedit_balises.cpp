@@ -8,19 +8,25 @@
 
 namespace {
 
-/// Everything done in the scope is taken back by one undo.
+/// Everything done in the scope is taken back by one undo. At its end the cursor is in sight, as after typing.
 class EnUneFois
 {
 public:
-    explicit EnUneFois(QTextEdit &texte)
-        : curseur(texte.document())
+    explicit EnUneFois(QTextEdit &aModifier)
+        : texte(aModifier)
+        , curseur(texte.document())
     {
         curseur.beginEditBlock();
     }
-    ~EnUneFois() { curseur.endEditBlock(); }
+    ~EnUneFois()
+    {
+        curseur.endEditBlock();
+        texte.ensureCursorVisible();
+    }
     Q_DISABLE_COPY_MOVE(EnUneFois)
 
 private:
+    QTextEdit &texte;
     QTextCursor curseur;
 };
 
@@ -41,9 +47,12 @@ void LyTextEdit::insertTag(const QString &ouvrante, const QString &fermante, int
 void LyTextEdit::decaleCurseur(int decalCar, int decalBloc)
 {
     QTextCursor curseur = texte->textCursor();
-    if (decalCar != 0)
+    if (decalCar != 0) {
+        // The first step would only leave the selection.
+        curseur.clearSelection();
         curseur.movePosition(decalCar < 0 ? QTextCursor::PreviousCharacter : QTextCursor::NextCharacter,
                              QTextCursor::MoveAnchor, std::abs(decalCar));
+    }
     if (decalBloc != 0) {
         QTextBlock ligne = curseur.block();
         for (int i = decalBloc; i < 0 && ligne.previous().isValid(); ++i)
@@ -239,6 +248,7 @@ void LyTextEdit::slotTableaux()
     DlgTableau dialogue;
     dialogue.spbNumLignes->setValue(casesProposees);
     dialogue.spbNumCols->setValue(casesProposees);
+    dialogue.spbNumLignes->selectAll();
     if (dialogue.exec() == QDialog::Accepted)
         InsereTableau(dialogue.spbNumLignes->value(), dialogue.spbNumCols->value(), dialogue.cbBordure->isChecked());
 }

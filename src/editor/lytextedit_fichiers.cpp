@@ -35,15 +35,17 @@ bool Ecrit(const QString &nom, const QByteArray &octets, QString &cause)
 bool LyTextEdit::loadFile(const QString &f)
 {
     QString cause;
-    const QByteArray octets = OctetsFiche(f, &cause);
-    if (octets.isNull()) {
+    const bool lu = [&] {
+        const CurseurAttente attente;
+        const QByteArray octets = OctetsFiche(f, &cause);
+        if (!octets.isNull())
+            texte->setPlainText(QStringDecoder(codec).decode(octets));
+        return !octets.isNull();
+    }();
+    if (!lu)
         Boites::Avertissement(this, QStringLiteral("LyEditHtml"),
                               QStringLiteral("Cannot read file %1:\n%2.").arg(f, cause));
-        return false;
-    }
-    const CurseurAttente attente;
-    texte->setPlainText(QStringDecoder(codec).decode(octets));
-    return true;
+    return lu;
 }
 
 bool LyTextEdit::saveFile(const QString &f)
