@@ -124,8 +124,8 @@ public:
     void setHtmlOuTxt(const QString &f);
     /// Enables (true!) or disables the HTML commands and shows or hides their tool bar.
     void disableHtml(bool b);
-    /// Offers to save before the text goes. Clears \a continuer when the user would rather keep it, or when the save did
-    /// not succeed; never sets it.
+    /// Offers to save before the text goes. \a continuer tells whether it was saved when the user wished so, is cleared
+    /// when they would rather keep it, and stays when they give it up.
     void proposeSauvegarde(bool *continuer);
     /// Offers to save before closing; false when the window stays.
     bool queryExit();
@@ -209,6 +209,7 @@ protected:
 private:
     void initActions();
     void initActionsHtml();
+    void AccepteLesChiffresSansMajuscule();
     void initMenus();
     void initMenuHtml();
     void initBarresOutils();

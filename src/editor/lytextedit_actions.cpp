@@ -134,6 +134,7 @@ void LyTextEdit::initActionsHtml()
          &Vue::slotImage},
     };
     CreeActions(this, actions);
+    AccepteLesChiffresSansMajuscule();
     groupeAlignement = new QActionGroup(this);
     for (QAction *action : {actGauche, actCentre, actDroite, actJustifie}) {
         action->setCheckable(true);
@@ -141,6 +142,19 @@ void LyTextEdit::initActionsHtml()
     }
     actGauche->setChecked(true);
     connect(groupeAlignement, &QActionGroup::triggered, this, &LyTextEdit::slotTextAlign);
+}
+
+void LyTextEdit::AccepteLesChiffresSansMajuscule()
+{
+    // The keys 1 to 6 of a French keyboard give these without Shift; the menus show the digits.
+    QAction *const titres[] = {actTitre1, actTitre2, actTitre3, actTitre4, actTitre5, actTitre6};
+    static constexpr int touches[] = {Qt::Key_Ampersand,  Qt::Key_Eacute,    Qt::Key_QuoteDbl,
+                                      Qt::Key_Apostrophe, Qt::Key_ParenLeft, Qt::Key_Minus};
+    for (std::size_t i = 0; i < std::size(titres); ++i) {
+        titres[i]->setShortcuts(
+            {titres[i]->shortcut(),
+             QKeySequence(QKeyCombination(Qt::ControlModifier | Qt::AltModifier, static_cast<Qt::Key>(touches[i])))});
+    }
 }
 
 QList<QAction *> LyTextEdit::ActionsHtml() const

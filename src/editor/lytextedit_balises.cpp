@@ -39,6 +39,7 @@ bool LyTextEdit::isTextSelected() const
 
 void LyTextEdit::insertTag(const QString &ouvrante, const QString &fermante, int decalCar, int decalBloc)
 {
+    const EnUneFois enUneFois(*texte);
     texte->insertPlainText(ouvrante + texte->textCursor().selectedText() + fermante);
     if (decalCar != 0 || decalBloc != 0)
         decaleCurseur(decalCar, decalBloc);

@@ -42,8 +42,12 @@ bool LyTextEdit::loadFile(const QString &f)
             texte->setPlainText(QStringDecoder(codec).decode(octets));
         return !octets.isNull();
     }();
-    if (!lu)
-        Boites::Avertissement(this, QStringLiteral("LyEditHtml"),
+    if (lu)
+        // The toolkit does not always tell that a new text is not modified.
+        slotMaJStatusBarreInfoModif(false);
+    else
+        // A window that a box precedes would forget its frame, and move at each opening by its size.
+        Boites::Avertissement(isVisible() ? this : nullptr, QStringLiteral("LyEditHtml"),
                               QStringLiteral("Cannot read file %1:\n%2.").arg(f, cause));
     return lu;
 }
@@ -65,6 +69,7 @@ bool LyTextEdit::saveFile(const QString &f)
     }
     texte->document()->setModified(false);
     setCurrentFile(f);
+    statusBar()->clearMessage();
     if (encodeur.hasError())
         statusBar()->showMessage(QStringLiteral("Des caractères qui n'existent pas en ISO 8859-1 ont été enregistrés "
                                                 "comme « ? »"));
@@ -89,7 +94,9 @@ void LyTextEdit::proposeSauvegarde(bool *continuer)
     const int reponse = Boites::Demande(this, QMessageBox::Warning, QStringLiteral("Sauvegarde"),
                                         QStringLiteral("Le texte a été modifié \n enregistrer les modifications ?"),
                                         ouiNonAnnuler, oui, annuler);
-    if (reponse == annuler || (reponse == oui && !Sauve()))
+    if (reponse == oui)
+        *continuer = Sauve();
+    else if (reponse == annuler)
         *continuer = false;
 }
 
@@ -98,6 +105,7 @@ void LyTextEdit::slotFileNew()
     if (!PeutAbandonnerLeTexte())
         return;
     texte->setPlainText(QString());
+    slotMaJStatusBarreInfoModif(false);
     fichierCourant.clear();
     nomCourt.clear();
     modeHtml = true;
@@ -128,8 +136,9 @@ bool LyTextEdit::slotFileSave()
 
 QString LyTextEdit::DemandeUnNom()
 {
-    QFileDialog dialogue(this, QStringLiteral("Enregistrer sous"),
-                         fichierCourant.isEmpty() ? dernierRep : fichierCourant,
+    // A new text goes where the last one was; the program's own folder is no place for it.
+    const bool ailleurs = fichierCourant.isEmpty() && dernierRep != repApplication;
+    QFileDialog dialogue(this, QStringLiteral("Enregistrer sous"), ailleurs ? dernierRep : fichierCourant,
                          QStringLiteral("Textes (*.htm; *.html; *.txt)"));
     dialogue.setAcceptMode(QFileDialog::AcceptSave);
     // The toolkit parts the patterns at blanks alone, and would only show names that end with ";".

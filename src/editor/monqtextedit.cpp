@@ -1,11 +1,14 @@
 #include "monqtextedit.h"
 
+#include "longsmots.h"
+
 #include <QKeyEvent>
 
 monQTextEdit::monQTextEdit(QWidget *parent)
     : QTextEdit(parent)
 {
     setAcceptRichText(false);
+    CoupeLesTresLongsMots(this);
     // The colours of the source are chosen for a light page.
     QPalette papier = palette();
     papier.setColor(QPalette::Base, Qt::white);

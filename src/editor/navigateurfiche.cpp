@@ -1,5 +1,6 @@
 #include "navigateurfiche.h"
 
+#include "longsmots.h"
 #include "textefiche.h"
 
 #include <QFileInfo>
@@ -13,6 +14,7 @@ NavigateurFiche::NavigateurFiche(QWidget *parent)
     papier.setColor(QPalette::Base, Qt::white);
     papier.setColor(QPalette::Text, Qt::black);
     setPalette(papier);
+    CoupeLesTresLongsMots(this);
 }
 
 QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
