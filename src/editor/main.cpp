@@ -3,16 +3,12 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QIcon>
 
 /// The editor of sheets as a program of its own: lyedithtml [FILE]
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    QGuiApplication::setDesktopFileName(QStringLiteral("lyedithtml"));
-    PrepareLApplication(application);
-    // For the dialogs that belong to no window.
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/lyedithtml.png")));
+    PrepareLApplication(application, QStringLiteral("lyedithtml"));
     const QString fichier = argc >= 2 ? QFile::decodeName(argv[1]) : QString();
     const LyTextEdit editeur(QStringLiteral("LyEditHtml"), fichier, true, QFile::decodeName(argv[0]),
                              QStringLiteral("1.0"));

@@ -382,5 +382,5 @@ void TestManuel::chaqueCommandeYFigure()
         QVERIFY2(mots.contains(texte), qPrintable(texte));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestManuel)
+RAMELIER_TEST_BUREAU_MAIN(TestManuel)
 #include "tst_manuel.moc"

@@ -8,8 +8,6 @@
 #include "ramelierview.h"
 
 #include <QAction>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QSettings>
 #include <QStatusBar>
 #include <QtTest>
@@ -29,17 +27,6 @@ QString AvecDuree(const QString &texte, const QStatusBar &barre)
     const auto *minuterie = barre.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
     return minuterie && minuterie->isActive() ? QStringLiteral("%1 (%2 ms)").arg(texte).arg(minuterie->interval())
                                               : texte;
-}
-
-DialogueVu Regarde(const QFileDialog &dialogue)
-{
-    return {.titre = dialogue.windowTitle(),
-            .dossier = dialogue.directory().absolutePath(),
-            .nom = dialogue.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->text(),
-            .filtres = dialogue.nameFilters(),
-            .enregistre = dialogue.acceptMode() == QFileDialog::AcceptSave,
-            .confirme = !dialogue.testOption(QFileDialog::DontConfirmOverwrite),
-            .parent = dialogue.parentWidget()};
 }
 
 std::vector<QByteArray> Mots(const QString &programme, const QStringList &arguments)
@@ -95,30 +82,6 @@ QByteArray OptionsEcrites(int largeurCadre)
         + QByteArray::number(largeurCadre)
         + "\n42\n10\n15\n15\n1\n1\n0\n0\n0\nHelvetica\n8\nHelvetica\n14\n75\n0\nHelvetica\n12\n50\n0\n"
           "Helvetica\n30\n75\n0\n0\n0\n0\n";
-}
-
-QString Dossier::Chemin(const QString &nom) const
-{
-    return nom.isEmpty() ? dossier.path() : dossier.filePath(nom);
-}
-
-QString Dossier::Ecrit(const QString &nom, const QByteArray &contenu) const
-{
-    QFile fichier(Chemin(nom));
-    if (!fichier.open(QIODevice::WriteOnly) || fichier.write(contenu) != contenu.size())
-        qFatal("le dossier d'essai refuse %s", qPrintable(nom));
-    return fichier.fileName();
-}
-
-QByteArray Dossier::Lit(const QString &nom) const
-{
-    QFile fichier(Chemin(nom));
-    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray("illisible");
-}
-
-QStringList Dossier::Noms() const
-{
-    return QDir(Chemin()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
 Fenetre::Fenetre(const QStringList &arguments, const QString &programme)
@@ -238,27 +201,6 @@ QString StatutDe(const RamelierApp &fenetre)
 {
     const QStatusBar *barre = fenetre.findChild<QStatusBar *>();
     return AvecDuree(barre->currentMessage(), *barre);
-}
-
-void Choisit(Scenario &scenario, const QString &chemin, DialogueVu *vu)
-{
-    scenario.Dialogue<QFileDialog>([chemin, vu](QFileDialog &dialogue) {
-        if (vu)
-            *vu = Regarde(dialogue);
-        auto *champ = dialogue.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        champ->setText(chemin);
-        QMetaObject::invokeMethod(
-            champ, [champ] { QTest::keyClick(champ, Qt::Key_Return); }, Qt::QueuedConnection);
-    });
-}
-
-void Renonce(Scenario &scenario, DialogueVu *vu)
-{
-    scenario.Dialogue<QFileDialog>([vu](QFileDialog &dialogue) {
-        if (vu)
-            *vu = Regarde(dialogue);
-        QMetaObject::invokeMethod(&dialogue, "reject", Qt::QueuedConnection);
-    });
 }
 
 void EffaceReglages()

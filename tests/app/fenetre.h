@@ -1,12 +1,9 @@
 #pragma once
 
-#include "demarrage.h"
-#include "environnement.h"
+#include "dialoguefichier.h"
+#include "dossier.h"
+#include "programmebureau.h"
 #include "ramelierapp.h"
-#include "scenario.h"
-
-#include <QApplication>
-#include <QTemporaryDir>
 
 #include <vector>
 
@@ -27,21 +24,6 @@ QByteArray ArbreEcrit(const QString &titre, const QList<PersonneEcrite> &personn
 
 /// The lines of an options file: boxes of \a largeurCadre x 42 mm, everything else as by default.
 QByteArray OptionsEcrites(int largeurCadre);
-
-/// A scratch folder. No dot in its path: a dot would keep the extension away from a new name.
-class Dossier
-{
-public:
-    [[nodiscard]] QString Chemin(const QString &nom = {}) const;
-    /// Writes the file \a nom and returns its path.
-    QString Ecrit(const QString &nom, const QByteArray &contenu) const;
-    [[nodiscard]] QByteArray Lit(const QString &nom) const;
-    /// The names of all files, sorted.
-    [[nodiscard]] QStringList Noms() const;
-
-private:
-    QTemporaryDir dossier{QStringLiteral("/tmp/ramelier-essai-XXXXXX")};
-};
 
 /// The window as the program starts it, its guards open to the tests.
 class Fenetre : public RamelierApp
@@ -98,33 +80,5 @@ private:
 /// The message that the status bar shows, with its duration as in a Journal.
 QString StatutDe(const RamelierApp &fenetre);
 
-/// A file dialog as its user saw it.
-struct DialogueVu
-{
-    QString titre;
-    QString dossier;
-    QString nom;  ///< in its name field
-    QStringList filtres;
-    bool enregistre = false;
-    bool confirme = true;  ///< asks before it replaces a file
-    QWidget *parent = nullptr;
-};
-/// The next modal window is a file dialog; types \a chemin and accepts.
-void Choisit(Scenario &scenario, const QString &chemin, DialogueVu *vu = nullptr);
-/// The next modal window is a file dialog; gives up.
-void Renonce(Scenario &scenario, DialogueVu *vu = nullptr);
-
 /// Forgets what earlier windows left in the settings.
 void EffaceReglages();
-
-/// The main function of a class of window tests.
-#define RAMELIER_TEST_FENETRE_MAIN(Classe)                                                                             \
-    int main(int argc, char **argv)                                                                                    \
-    {                                                                                                                  \
-        const Environnement environnement;                                                                             \
-        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);                                                   \
-        QApplication application(argc, argv);                                                                          \
-        PrepareLApplication(application);                                                                              \
-        Classe test;                                                                                                   \
-        return QTest::qExec(&test, argc, argv);                                                                        \
-    }

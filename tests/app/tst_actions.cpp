@@ -353,5 +353,5 @@ void TestActions::leRaccourciDeclenche()
     QCOMPARE(vu.Lignes().first(), status);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestActions)
+RAMELIER_TEST_BUREAU_MAIN(TestActions)
 #include "tst_actions.moc"

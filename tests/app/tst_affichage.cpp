@@ -218,5 +218,5 @@ void TestAffichage::leMenuSurgitSousLaSouris()
         QCOMPARE(fenetre.popupPersonne->pos(), QPoint(123, 145));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestAffichage)
+RAMELIER_TEST_BUREAU_MAIN(TestAffichage)
 #include "tst_affichage.moc"

@@ -257,5 +257,5 @@ void TestAnnuler::passerEnConsultationInterditLAnnulation()
     QVERIFY(!fenetre->actAnnuler->isEnabled());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestAnnuler)
+RAMELIER_TEST_BUREAU_MAIN(TestAnnuler)
 #include "tst_annuler.moc"

@@ -214,5 +214,5 @@ void TestAssembler::lAssemblageSeSauveSousUnNom()
     QCOMPARE(dossier->Lit("pere.xrlg"), ArbreEcrit("P", {{1, "MARTIN", "Jean"}, {2, "MARTIN", "Paul"}}));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestAssembler)
+RAMELIER_TEST_BUREAU_MAIN(TestAssembler)
 #include "tst_assembler.moc"

@@ -324,5 +324,5 @@ void TestEditer::leMenuDeLaPersonneEditeAussi()
     QCOMPARE(Nom(2), "MOREAU");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestEditer)
+RAMELIER_TEST_BUREAU_MAIN(TestEditer)
 #include "tst_editer.moc"

@@ -180,5 +180,5 @@ void TestExporter::unEchecEstDit()
     QCOMPARE(scenario.Boites().constFirst().texte, "Echec à l'exportation du fichier");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestExporter)
+RAMELIER_TEST_BUREAU_MAIN(TestExporter)
 #include "tst_exporter.moc"

@@ -84,7 +84,7 @@ void TestFenetre::laFenetreSOuvreVideSansArgument()
     QCOMPARE(fenetre.modifAnnulee, false);
     QCOMPARE(fenetre.enDemarrage, false);
     QCOMPARE(fenetre.affichageComplet, true);
-    QCOMPARE(fenetre.listeEditeurs, nullptr);
+    QVERIFY(fenetre.listeEditeurs.isNull());
     QCoreApplication::processEvents();
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
@@ -340,5 +340,5 @@ void TestFenetre::laFenetreSeDetruitEnToutEtat()
     QCOMPARE(QApplication::topLevelWidgets(), QWidgetList());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestFenetre)
+RAMELIER_TEST_BUREAU_MAIN(TestFenetre)
 #include "tst_fenetre.moc"

@@ -258,5 +258,5 @@ void TestFermer::partirApresAvoirRenonceUneFois()
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestFermer)
+RAMELIER_TEST_BUREAU_MAIN(TestFermer)
 #include "tst_fermer.moc"

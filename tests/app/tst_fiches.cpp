@@ -1,10 +1,15 @@
+#include "arbre.h"
+#include "arbres.h"
+#include "arbview.h"
 #include "fenetre.h"
 #include "lytextbrowser.h"
 #include "navigateurfiche.h"
-
+#include "personne.h"
 #include "ramelierdoc.h"
+#include "ramelierview.h"
 
 #include <QAction>
+#include <QDir>
 #include <QPointer>
 
 /// Showing the sheet of a person.
@@ -20,6 +25,7 @@ private Q_SLOTS:
     void chaqueAppelOuvreUneFenetre();
     void uneFicheAbsenteEstDite();
     void leDoubleClicEnConsultationMontreLaFiche();
+    void laFicheEstChercheeAvecLeDernierArbre();
     void fermerLaFenetreFermeLesFiches();
     void sansSelectionRienNeSePasse();
     void lesIconesExistent();
@@ -75,11 +81,14 @@ void TestFiches::laFicheEstMontree_data()
                                       << "été" << debut + "Titre";
     QTest::newRow("texte") << "notes.txt"
                            << "<title>Titre</title><b>été</b>" << debut + "notes.txt";
+    QTest::newRow("htm dans le nom de son dossier") << "fiches.htm/notes.txt"
+                                                    << "été" << debut + "Titre";
 }
 
 void TestFiches::laFicheEstMontree()
 {
     QFETCH(const QString, fiche);
+    QDir(dossier->Chemin()).mkdir("fiches.htm");
     dossier->Ecrit(fiche, "<title>Titre</title><b>été</b>");
     Ouvre(fiche);
     Clique(*fenetre, 12);
@@ -122,8 +131,26 @@ void TestFiches::leDoubleClicEnConsultationMontreLaFiche()
     dossier->Ecrit("elise.html", "a");
     Ouvre("elise.html");
     Clique(*fenetre, 12);
-    fenetre->slotPersonneDoubleCliquee();
+    const Personne *personne = Trouve(*fenetre->doc->arbre, 12);
+    QTest::mouseDClick(fenetre->view->vue(), Qt::LeftButton, {}, QPoint(int(personne->x) + 20, int(personne->y) + 20));
     QCOMPARE(Afficheurs().size(), 1);
+    QCOMPARE(Afficheurs().constFirst()->navigateur->toPlainText(), "a");
+}
+
+void TestFiches::laFicheEstChercheeAvecLeDernierArbre()
+{
+    const Dossier autre;
+    dossier->Ecrit("elise.html", "premier dossier");
+    autre.Ecrit("elise.html", "autre dossier");
+    Ouvre("elise.html");
+    Scenario scenario;
+    Choisit(scenario, autre.Chemin("b"));
+    fenetre->actFileSaveAs->trigger();
+    QCOMPARE(scenario.Ecarts(), QStringList());
+    Clique(*fenetre, 12);
+    fenetre->actAffFicheHTML->trigger();
+    QCOMPARE(Afficheurs().size(), 1);
+    QCOMPARE(Afficheurs().constFirst()->navigateur->toPlainText(), "autre dossier");
 }
 
 void TestFiches::fermerLaFenetreFermeLesFiches()
@@ -160,5 +187,5 @@ void TestFiches::lesIconesExistent()
         QVERIFY2(!action->icon().pixmap(16, 16).isNull(), qPrintable(action->text()));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestFiches)
+RAMELIER_TEST_BUREAU_MAIN(TestFiches)
 #include "tst_fiches.moc"

@@ -259,5 +259,5 @@ void TestGarde::laGardeNePermetJamais()
     QTEST(continuer, "apres");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestGarde)
+RAMELIER_TEST_BUREAU_MAIN(TestGarde)
 #include "tst_garde.moc"

@@ -223,5 +223,5 @@ void TestImporter::lArbreImporteSeSauveSousUnNom()
     QCOMPARE(dossier->Lit("a.xrlg"), ArbreEcrit("A", {{1, "MARTIN"}}));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestImporter)
+RAMELIER_TEST_BUREAU_MAIN(TestImporter)
 #include "tst_importer.moc"

@@ -290,5 +290,5 @@ void TestImprimer::rendALEcranSaDisposition()
     QCOMPARE(fenetre.doc->arbre->derniere->x, 207);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestImprimer)
+RAMELIER_TEST_BUREAU_MAIN(TestImprimer)
 #include "tst_imprimer.moc"

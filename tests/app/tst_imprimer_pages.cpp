@@ -437,5 +437,5 @@ void TestImprimerPages::nePasImprimerNeDisposeRien()
     QCOMPARE(StatutDe(fenetre), "Prêt.");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestImprimerPages)
+RAMELIER_TEST_BUREAU_MAIN(TestImprimerPages)
 #include "tst_imprimer_pages.moc"

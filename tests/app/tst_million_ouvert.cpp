@@ -58,7 +58,7 @@ int main(int argc, char **argv)
 {
     const Environnement environnement;
     QApplication application(argc, argv);
-    PrepareLApplication(application);
+    PrepareLApplication(application, QStringLiteral("ramelier"));
     TestMillionOuvert test;
     return QTest::qExec(&test, argc, argv);
 }

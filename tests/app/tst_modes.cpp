@@ -311,5 +311,5 @@ void TestModes::autoriserLAnnulationLaRendPossible()
     QCOMPARE(fenetre.actAnnuler->text(), QStringLiteral("&Annuler"));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestModes)
+RAMELIER_TEST_BUREAU_MAIN(TestModes)
 #include "tst_modes.moc"

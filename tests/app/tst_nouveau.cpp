@@ -229,5 +229,5 @@ void TestNouveau::lesOptionsDeLAncienArbreNeSuiventPas()
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestNouveau)
+RAMELIER_TEST_BUREAU_MAIN(TestNouveau)
 #include "tst_nouveau.moc"

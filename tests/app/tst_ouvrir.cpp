@@ -262,5 +262,5 @@ void TestOuvrir::laGardeRetientQuandOnRenonceASauverSous()
     QVERIFY(!dejaNon);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestOuvrir)
+RAMELIER_TEST_BUREAU_MAIN(TestOuvrir)
 #include "tst_ouvrir.moc"

@@ -265,5 +265,5 @@ void TestOuvrirCas::ouvrirRemplaceLArbre()
     QCOMPARE(QList<QVariantList>(change), (QList<QVariantList>{{0}, {1}}));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestOuvrirCas)
+RAMELIER_TEST_BUREAU_MAIN(TestOuvrirCas)
 #include "tst_ouvrir_cas.moc"

@@ -233,5 +233,5 @@ void TestPreferences::lesPolicesDeLArbre()
     QVERIFY(fenetre->doc->areOptionsModified());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestPreferences)
+RAMELIER_TEST_BUREAU_MAIN(TestPreferences)
 #include "tst_preferences.moc"

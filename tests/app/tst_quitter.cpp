@@ -187,5 +187,5 @@ void TestQuitter::queryExitQuitteMemeSiLaSauvegardeEchoue()
     QCOMPARE(scenario.Boites().at(1).parent, nullptr);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestQuitter)
+RAMELIER_TEST_BUREAU_MAIN(TestQuitter)
 #include "tst_quitter.moc"

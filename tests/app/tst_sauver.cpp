@@ -302,5 +302,5 @@ void TestSauver::lEchecDeSauverSousSeDit()
     QVERIFY(!QFile::exists(absent));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestSauver)
+RAMELIER_TEST_BUREAU_MAIN(TestSauver)
 #include "tst_sauver.moc"

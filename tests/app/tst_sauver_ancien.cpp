@@ -274,5 +274,5 @@ void TestSauverAncien::unFichierAbimeEstRefuse()
     QCOMPARE(dossier->Lit("a.rlg"), contenu);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestSauverAncien)
+RAMELIER_TEST_BUREAU_MAIN(TestSauverAncien)
 #include "tst_sauver_ancien.moc"

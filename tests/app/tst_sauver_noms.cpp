@@ -291,5 +291,5 @@ void TestSauverNoms::apresSauverSousOnSauveALaNouvellePlace()
     QCOMPARE(dossier->Lit("a.xrlg"), ArbreEcrit("T", {{1, "MARTIN"}}));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestSauverNoms)
+RAMELIER_TEST_BUREAU_MAIN(TestSauverNoms)
 #include "tst_sauver_noms.moc"

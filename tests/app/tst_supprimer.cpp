@@ -307,5 +307,5 @@ void TestSupprimer::uneSuppressionEffaceLaPrecedente()
     QCOMPARE(ArbreEnTexte(*fenetre->doc->arbre), "1 Paul MARTIN\n  2 Jean MARTIN\n  3 Élise LEFÈVRE\n");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestSupprimer)
+RAMELIER_TEST_BUREAU_MAIN(TestSupprimer)
 #include "tst_supprimer.moc"

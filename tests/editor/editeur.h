@@ -1,9 +1,11 @@
 #pragma once
 
-#include "fenetre.h"
+#include "dialoguefichier.h"
+#include "dossier.h"
 #include "lytextbrowser.h"
 #include "lytextedit.h"
 #include "monqtextedit.h"
+#include "programmebureau.h"
 
 #include <QAction>
 #include <QPointer>
@@ -13,7 +15,7 @@
 
 #include <memory>
 
-/// The editor of sheets for the tests. Main function: RAMELIER_TEST_FENETRE_MAIN.
+/// The editor of sheets for the tests. Main function: RAMELIER_TEST_BUREAU_MAIN.
 
 /// A folder with sheets, and one editor on one of them, which starts with the settings of a first use.
 class Atelier

@@ -813,5 +813,5 @@ void TestBalises::isTextSelected()
     QVERIFY(Avec("un mot ici", 6, 3).isTextSelected());
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestBalises)
+RAMELIER_TEST_BUREAU_MAIN(TestBalises)
 #include "tst_balises.moc"

@@ -838,5 +838,5 @@ void TestLyTextEdit::lePapierEstBlanc()
     QCOMPARE(editeur.texte->palette().color(QPalette::Text), QColor(Qt::black));
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestLyTextEdit)
+RAMELIER_TEST_BUREAU_MAIN(TestLyTextEdit)
 #include "tst_lytextedit.moc"

@@ -75,22 +75,6 @@ QByteArray TousLesOctets()
     return octets;
 }
 
-/// The next modal window is a save dialog that starts on a file; types \a chemin over its name and accepts. In one go: the
-/// dialog writes the name again when it has found the file.
-void RemplaceLeNom(Scenario &scenario, const QString &chemin)
-{
-    scenario.Dialogue<QFileDialog>([chemin](QFileDialog &dialogue) {
-        auto *champ = dialogue.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        QMetaObject::invokeMethod(
-            champ,
-            [champ, chemin] {
-                champ->setText(chemin);
-                QTest::keyClick(champ, Qt::Key_Return);
-            },
-            Qt::QueuedConnection);
-    });
-}
-
 void CompareBoite(const Scenario &scenario, const QString &titre, const QString &texte, const LyTextEdit &editeur)
 {
     QCOMPARE(scenario.Ecarts(), QStringList());
@@ -118,7 +102,7 @@ void TestLyTextEditFichiers::cleanup()
 void TestLyTextEditFichiers::EnregistreSous(const QString &nom)
 {
     Scenario scenario;
-    RemplaceLeNom(scenario, atelier->dossier.Chemin(nom));
+    Choisit(scenario, atelier->dossier.Chemin(nom));
     atelier->editeur->actFileSaveAs->trigger();
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
@@ -651,7 +635,7 @@ void TestLyTextEditFichiers::unEchecDEnregistrerSousNeChangeRien()
     const QString dernierRep = editeur.dernierRep;
     Scenario scenario;
     // The dialog itself refuses a folder that does not exist; the disk is full here.
-    RemplaceLeNom(scenario, atelier->dossier.Chemin("b.txt"));
+    Choisit(scenario, atelier->dossier.Chemin("b.txt"));
     scenario.Repond("OK");
     bool ecrit = true;
     {
@@ -686,5 +670,5 @@ void TestLyTextEditFichiers::sauverUnNouveauTexteDemandeUnNom()
     QCOMPARE(atelier->dossier.Lit("neuf.html"), "abcd");
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestLyTextEditFichiers)
+RAMELIER_TEST_BUREAU_MAIN(TestLyTextEditFichiers)
 #include "tst_lytextedit_fichiers.moc"

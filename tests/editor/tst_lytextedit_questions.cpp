@@ -639,5 +639,5 @@ void TestLyTextEditQuestions::detruireLEditeurLaisseLeNavigateur()
     QTRY_VERIFY(!afficheur);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestLyTextEditQuestions)
+RAMELIER_TEST_BUREAU_MAIN(TestLyTextEditQuestions)
 #include "tst_lytextedit_questions.moc"

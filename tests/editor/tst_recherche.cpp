@@ -733,5 +733,5 @@ void TestRecherche::laRechercheNEstPasEnregistree()
     QVERIFY(suivant.casseRespectee);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestRecherche)
+RAMELIER_TEST_BUREAU_MAIN(TestRecherche)
 #include "tst_recherche.moc"

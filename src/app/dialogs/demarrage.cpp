@@ -3,6 +3,7 @@
 #include "interlocuteurbureau.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -28,10 +29,13 @@ void ParleFrancais(QApplication &application)
 
 }  // namespace
 
-void PrepareLApplication(QApplication &application)
+void PrepareLApplication(QApplication &application, const QString &programme)
 {
     constexpr int megaoctetsParPhoto = 1024;
     EnregistreLesIcones();
+    QGuiApplication::setDesktopFileName(programme);
+    // For the boxes and dialogs that belong to no window.
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/%1.png").arg(programme)));
     QImageReader::setAllocationLimit(megaoctetsParPhoto);
     Interlocuteur::Installe(std::make_unique<InterlocuteurBureau>());
     ParleFrancais(application);

@@ -82,5 +82,5 @@ void TestAuHasard::toutResteJusteApresChaqueEvenement()
         QVERIFY2(utilisateur.Faits().value(fait) >= 10, fait);
 }
 
-RAMELIER_TEST_FENETRE_MAIN(TestAuHasard)
+RAMELIER_TEST_BUREAU_MAIN(TestAuHasard)
 #include "tst_au_hasard.moc"
