@@ -247,6 +247,7 @@ void LyTextEdit::slotTableaux()
 {
     constexpr int casesProposees = 3;
     DlgTableau dialogue;
+    dialogue.setWindowIcon(windowIcon());
     dialogue.spbNumLignes->setValue(casesProposees);
     dialogue.spbNumCols->setValue(casesProposees);
     dialogue.spbNumLignes->selectAll();

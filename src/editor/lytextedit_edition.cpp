@@ -33,6 +33,7 @@ void LyTextEdit::slotEditPaste()
 void LyTextEdit::slotEditCherche()
 {
     DlgCherche dialogue;
+    dialogue.setWindowIcon(windowIcon());
     dialogue.lineEditCherche->setText(texteCherche);
     dialogue.lineEditCherche->selectAll();
     dialogue.cbCasse->setChecked(casseRespectee);
@@ -49,6 +50,7 @@ void LyTextEdit::slotEditCherche()
 void LyTextEdit::slotEditReplace()
 {
     DlgRemplace dialogue;
+    dialogue.setWindowIcon(windowIcon());
     dialogue.lineEditCherche->setText(texteCherche);
     dialogue.lineEditCherche->selectAll();
     dialogue.lineEditRemplace->setText(texteRemplacement);
