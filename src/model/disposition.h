@@ -7,7 +7,7 @@ struct FormatsDessins;
 /// top row, the root in the bottom row, everybody centred under the parents and pushed right, with all ancestors, where
 /// boxes would overlap. Sets x and y of every person whose generation is counted by the tree.
 ///
-/// One pass costs O(n); passes repeat until one moves nothing. A malformed tree (a generation out of order, parents in
-/// another order than their children, lengths that are not positive) might never come to rest: there the corrections
-/// stop after 100 passes.
+/// Passes repeat until one moves nothing; each costs as much as it moves. A malformed tree (a generation out of order,
+/// parents in another order than their children, lengths that are not positive) might never come to rest: there the
+/// corrections stop after 100 passes.
 void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY);

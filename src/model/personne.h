@@ -60,7 +60,8 @@ public:
     Personne *ptrMere = nullptr;
 
 private:
-    friend class Disposition;
+    friend class DispositionPrudente;
+    friend class DispositionRapide;
     /// Place in the list while a layout runs; means nothing outside of it.
     std::size_t rang = 0;
 };

@@ -140,9 +140,17 @@ private:
     float echelleY;
 };
 
+/// How a tree grows.
+enum class Croissance {
+    ParGeneration,  ///< everybody has parents with the same chance
+    Attaches,       ///< each new person is a parent of anybody who lacks one: the corrections last long
+    EnLignes,       ///< long lines with few branches
+};
+
 /// How the trees of a row are drawn by lot.
 struct Tirage
 {
+    Croissance croissance = Croissance::ParGeneration;
     int arbres = 0;     ///< how many
     int plusPetit = 1;  ///< number of persons wished for
     int plusGrand = 200;
@@ -163,15 +171,10 @@ struct Lot
     float echelleY = 1;
 };
 
-Lot TireUnLot(const Tirage &tirage, quint32 graine)
+QList<quint64> NumerosParGeneration(std::mt19937 &hasard, int voulues)
 {
-    std::mt19937 hasard(graine);
-    const auto entre = [&hasard](int a, int b) { return std::uniform_int_distribution<int>(a, b)(hasard); };
     const auto chance = [&hasard](double p) { return std::bernoulli_distribution(p)(hasard); };
-
-    Lot lot;
-    const int voulues = entre(tirage.plusPetit, tirage.plusGrand);
-    const double chanceParent = 0.01 * entre(50, 100);
+    const double chanceParent = 0.01 * std::uniform_int_distribution<int>(50, 100)(hasard);
     QList<quint64> numeros{1};
     for (qsizetype i = 0; i < numeros.size() && numeros.size() < voulues; ++i) {
         if (numeros.at(i) >= quint64(1) << 62)
@@ -182,7 +185,39 @@ Lot TireUnLot(const Tirage &tirage, quint32 graine)
                 numeros += parent;
         }
     }
-    for (const quint64 numero : std::as_const(numeros)) {
+    return numeros;
+}
+
+QList<quint64> NumerosAttaches(std::mt19937 &hasard, int voulues, Croissance croissance)
+{
+    QList<quint64> numeros{1};
+    QList<quint64> places{2, 3};
+    while (numeros.size() < voulues && !places.isEmpty()) {
+        // At the end of the list stand the places of those who came last: lines grow there.
+        const qsizetype derniers = croissance == Croissance::EnLignes ? std::min<qsizetype>(3, places.size()) : 0;
+        const qsizetype premier = derniers > 0 ? places.size() - derniers : 0;
+        const qsizetype rang = std::uniform_int_distribution<qsizetype>(premier, places.size() - 1)(hasard);
+        const quint64 numero = places.takeAt(rang);
+        numeros += numero;
+        if (numero < quint64(1) << 62)
+            places += {2 * numero, 2 * numero + 1};
+    }
+    std::sort(numeros.begin(), numeros.end());
+    return numeros;
+}
+
+Lot TireUnLot(const Tirage &tirage, quint32 graine)
+{
+    std::mt19937 hasard(graine);
+    const auto entre = [&hasard](int a, int b) { return std::uniform_int_distribution<int>(a, b)(hasard); };
+    const auto chance = [&hasard](double p) { return std::bernoulli_distribution(p)(hasard); };
+
+    Lot lot;
+    const int voulues = entre(tirage.plusPetit, tirage.plusGrand);
+    const QList<quint64> numeros = tirage.croissance == Croissance::ParGeneration
+        ? NumerosParGeneration(hasard, voulues)
+        : NumerosAttaches(hasard, voulues, tirage.croissance);
+    for (const quint64 numero : numeros) {
         if (numero == 1 || !chance(tirage.chanceTrou)) {
             lot.numeros += numero;
             lot.photos += chance(tirage.chancePhoto);
@@ -284,6 +319,18 @@ void TestDispositionLitterale::commeLesReglesALaLettre_data()
         << Tirage{.arbres = 500, .plusPetit = 10, .plusGrand = 100, .generationsEnTrop = -2} << 50 << 0;
     QTest::newRow("marge négative") << Tirage{.arbres = 1000, .plusGrand = 120, .chancePhoto = 0.2, .marge = -77} << 100
                                     << 5;
+    QTest::newRow("attachés") << Tirage{.croissance = Croissance::Attaches, .arbres = 1500, .chancePhoto = 0.1} << 1000
+                              << 0;
+    QTest::newRow("attachés, avec trous")
+        << Tirage{.croissance = Croissance::Attaches, .arbres = 500, .chancePhoto = 0.1, .chanceTrou = 0.1} << 200 << 0;
+    QTest::newRow("lignes") << Tirage{.croissance = Croissance::EnLignes, .arbres = 1000, .chancePhoto = 0.1} << 30
+                            << 0;
+    QTest::newRow("grands attachés") << Tirage{.croissance = Croissance::Attaches,
+                                               .arbres = 12,
+                                               .plusPetit = 3000,
+                                               .plusGrand = 5000,
+                                               .chancePhoto = 0.05}
+                                     << 12 << 0;
     QTest::newRow("grands") << Tirage{.arbres = 60, .plusPetit = 500, .plusGrand = 1000, .chancePhoto = 0.1} << 40 << 0;
 }
 
