@@ -50,10 +50,13 @@ RamelierApp::RamelierApp(int argc, char **argv)
 
 RamelierApp::~RamelierApp()
 {
+    // A window that was closed has told its satellites already; the quit command leaves it open.
+    const bool ouverte = isVisible();
     // While an editor still keeps the program waiting, this window is no more to be used.
     hide();
     FermeLesEditeurs();
-    Q_EMIT fermetureRamelier();
+    if (ouverte)
+        Q_EMIT fermetureRamelier();
     delete popupPersonne;
     delete popupGeneral;
     delete view;
