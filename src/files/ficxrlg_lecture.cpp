@@ -5,7 +5,6 @@
 #include "xrlghandler.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 

@@ -1,9 +1,9 @@
 #include "gedcomlecture.h"
 
 #include "gedcomtexte.h"
+#include "lecture.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringView>
 
 #include <memory>
@@ -324,8 +324,8 @@ QString DecodeInfo(QString &ligne, short longueur)
 bool DecodeFichierGED(const QString &nomFichier)
 {
     QFile fichier(nomFichier);
-    // Opening a pipe would wait for its writer, and a device may never end.
-    if (!QFileInfo(nomFichier).isFile() || !fichier.open(QIODevice::ReadOnly))
+    QString cause;
+    if (!OuvreEnLecture(fichier, QIODevice::ReadOnly, cause))
         return false;
     LitLesLignes(TexteGED(fichier.readAll()));
     return true;

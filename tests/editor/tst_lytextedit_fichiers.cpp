@@ -458,13 +458,15 @@ void TestLyTextEditFichiers::leDialogueMontreLesTroisSortes()
     for (const char *nom : {"a.htm", "b.html", "c.txt", "d.png"})
         atelier->dossier.Ecrit(nom, "");
     LyTextEdit &editeur = atelier->OuvreSeul("c.txt");
+    QStringList motifs;
     Scenario scenario;
-    scenario.Dialogue<QFileDialog>([](QFileDialog &dialogue) {
-        QCOMPARE(dialogue.findChild<QFileSystemModel *>()->nameFilters(), QStringList({"*.htm", "*.html", "*.txt"}));
+    scenario.Dialogue<QFileDialog>([&motifs](QFileDialog &dialogue) {
+        motifs = dialogue.findChild<QFileSystemModel *>()->nameFilters();
         dialogue.reject();
     });
     editeur.actFileSaveAs->trigger();
     QCOMPARE(scenario.Ecarts(), QStringList());
+    QCOMPARE(motifs, QStringList({"*.htm", "*.html", "*.txt"}));
 }
 
 void TestLyTextEditFichiers::uneFicheAbsenteNeDeplacePasLaFenetre()
