@@ -14,10 +14,18 @@ QString TexteDe(const QAbstractButton *bouton)
 
 }  // namespace
 
-Scenario::Scenario()
+Scenario *Scenario::actif = nullptr;
+
+Scenario::Scenario() : precedent(actif)
 {
+    actif = this;
     connect(&minuterie, &QTimer::timeout, this, &Scenario::Regarde);
     minuterie.start(5);
+}
+
+Scenario::~Scenario()
+{
+    actif = precedent;
 }
 
 void Scenario::ClicPlusTard(QWidget *bouton)
@@ -67,7 +75,7 @@ void Scenario::Note(QMessageBox &boite)
 void Scenario::Regarde()
 {
     QWidget *fenetre = QApplication::activeModalWidget();
-    if (!fenetre || fenetre == derniereVue || !fenetre->isVisible())
+    if (actif != this || !fenetre || fenetre == derniereVue || !fenetre->isVisible())
         return;
     derniereVue = fenetre;
     if (auto *boite = qobject_cast<QMessageBox *>(fenetre))

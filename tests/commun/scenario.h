@@ -24,13 +24,15 @@ struct BoiteVue
 
 /// Answers the modal boxes and dialogs that a command opens, in the stated order, and keeps what it saw. A box that was not
 /// expected, or of the wrong kind, is closed and noted in Ecarts(): a test fails instead of hanging. Works from a timer,
-/// so commands that block in exec() are called directly.
+/// so commands that block in exec() are called directly. Where two live at once, only the youngest answers.
 class Scenario : public QObject
 {
     Q_OBJECT
 
 public:
     Scenario();
+    ~Scenario() override;
+    Q_DISABLE_COPY_MOVE(Scenario)
 
     /// The next modal window is a message box; clicks the button with this text.
     Scenario &Repond(const QString &bouton);
@@ -61,6 +63,9 @@ private:
     void Regarde();
     void Note(QMessageBox &boite);
 
+    static Scenario *actif;
+
+    Scenario *precedent;
     QTimer minuterie;
     QPointer<QWidget> derniereVue;
     QQueue<std::function<bool(QWidget *)>> etapes;
