@@ -48,6 +48,7 @@ void RamelierApp::AnnulerModif()
     InfoPersonne *sauvee = std::exchange(arbre.infoSauvee, nullptr);
     arbre.SauveInfoPersonne(dernierRep);
     delete std::exchange(personne.info, sauvee);
+    arbre.TextesChanges(personne);
     modifAnnulee = !modifAnnulee;
     actAnnuler->setText(modifAnnulee ? QStringLiteral("&Annuler annuler") : QStringLiteral("&Annuler"));
     const bool sansFicheApres = personne.info->fichtml.isEmpty();

@@ -1,5 +1,6 @@
 #include "arbre.h"
 
+#include "indexdessin.h"
 #include "infopersonne.h"
 #include "personne.h"
 
@@ -19,6 +20,7 @@ Arbre::~Arbre()
 
 void Arbre::AjouteALaFin(Personne *personne)
 {
+    OublieLesPlaces();
     if (!premiere) {
         premiere = personne;
     } else {
@@ -31,6 +33,7 @@ void Arbre::AjouteALaFin(Personne *personne)
 
 void Arbre::Insere(Personne *personne, Personne *depuis)
 {
+    OublieLesPlaces();
     for (Personne *courante = depuis ? depuis : premiere; courante && courante->suivante;
          courante = courante->suivante) {
         Personne *apres = courante->suivante;
@@ -70,6 +73,7 @@ void Arbre::SupprimePersonne()
 {
     if (!selection || selection == premiere)
         return;
+    OublieLesPlaces();
     Personne *supprimee = std::exchange(selection, nullptr);
     const bool etaitLaDerniere = supprimee == derniere;
 

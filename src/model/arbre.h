@@ -5,9 +5,14 @@
 #include <QString>
 #include <QtGlobal>
 
+#include <functional>
+#include <memory>
+
+class IndexDessin;
 class InfoPersonne;
 class Personne;
 class QPainter;
+struct Bloc;
 struct FormatsDessins;
 struct LesPolices;
 
@@ -47,7 +52,7 @@ public:
     void OublieAnnulation();
 
     /// Changes the selection after a click at the pixel (\a px, \a py); true when it changed. A click beside every box
-    /// clears the selection, a click in the selected box leaves it. O(n).
+    /// clears the selection, a click in the selected box leaves it.
     bool DeselectSelect(long px, long py, float sx, float sy, const FormatsDessins &formats);
 
     /// Draws every person in list order, then the links. Where the painter clips, what lies outside is skipped: the
@@ -56,6 +61,14 @@ public:
                  const LesPolices &polices, bool arbreOuvert);
     /// Draws the lines and arcs between each person and its parents.
     void TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const;
+
+    /// Notes where everybody stands, for drawing and clicks to find it without a walk along the list. Linear; called when
+    /// everybody has been placed. Positions changed by hand afterwards call for OublieLesPlaces, texts for TextesChanges;
+    /// whoever enters or leaves the list makes the tree forget by itself.
+    void NoteLesPlaces();
+    void OublieLesPlaces();
+    /// To be called when the texts of \a personne changed.
+    void TextesChanges(const Personne &personne);
 
     InfoArbre *infoArbre;          ///< owned, always there
     quint64 nombrePersonnes = 0;   ///< after a file was read: its written count plus its persons; never loop on it
@@ -69,7 +82,12 @@ public:
     Personne *enfantSansMere = nullptr;  ///< the child that lost its mother, for undo
 
 private:
+    [[nodiscard]] Personne *PersonneSous(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
     void Insere(Personne *personne, Personne *depuis);
     void RetrouveSesParents(Personne *personne);
     void DetacheDeSonEnfant(const Personne *parent);
+    void Parcourt(const std::function<bool(const Bloc &)> &question,
+                  const std::function<void(const Bloc &)> &visite) const;
+
+    std::unique_ptr<IndexDessin> index;
 };

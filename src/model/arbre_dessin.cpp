@@ -3,12 +3,15 @@
 #include "encombrement.h"
 #include "etatpeintre.h"
 #include "formatsdessins.h"
+#include "indexdessin.h"
 #include "personne.h"
 #include "plume.h"
 #include "unites.h"
 
 #include <QBrush>
 #include <QPen>
+
+#include <cstdlib>
 
 namespace {
 
@@ -39,6 +42,16 @@ public:
         , hauteur(Px(formats.hauteurCadre, sy))
         , versMilieu(Px(long(formats.distMinVert / 2) + formats.hauteurCadre, sy))
     {
+    }
+
+    /// False when no link between boxes with these corners is to be seen.
+    [[nodiscard]] bool PeutMontrer(const Coins &coins) const
+    {
+        const long cote = std::abs(demiLargeur);
+        const long dessous = MaxLI(std::abs(hauteur), std::abs(versMilieu));
+        return zone.isNull()
+            || (!coins.EstVide()
+                && !EstHors(coins.gauche - cote, coins.droite + cote, coins.haut - dessous, coins.bas + dessous));
     }
 
     void Trace(const Personne &enfant) const
@@ -125,10 +138,13 @@ void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, cons
 {
     const QRect zone = ZoneMontree(*painter);
     const Encombrement encombrement(painter->device(), sx, sy, formats, polices);
-    for (Personne *personne = premiere; personne; personne = personne->suivante) {
-        if (!personne->EstHorsDe(zone, encombrement))
-            personne->Affiche(painter, sx, sy, impression, formats, polices, arbreOuvert);
-    }
+    Parcourt([&](const Bloc &bloc) { return !encombrement.SontHorsDe(zone, bloc.coins, bloc.textes, true); },
+             [&](const Bloc &bloc) {
+                 for (Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante) {
+                     if (!personne->EstHorsDe(zone, encombrement))
+                         personne->Affiche(painter, sx, sy, impression, formats, polices, arbreOuvert);
+                 }
+             });
     TraceLesLiaisons(painter, sx, sy, formats);
 }
 
@@ -140,7 +156,14 @@ void Arbre::TraceLesLiaisons(QPainter *painter, float sx, float sy, const Format
     painter->setBrush(Qt::NoBrush);
     const TraceurDeLiaisons traceur(*painter, sx, sy, formats);
     // The parents of the top generation cannot be in the tree.
-    for (const Personne *personne = premiere; personne && personne->numerogeneration != nombreGenerations - 1;
-         personne = personne->suivante)
-        traceur.Trace(*personne);
+    bool estFini = false;
+    Parcourt([&](const Bloc &bloc) { return !estFini && traceur.PeutMontrer(bloc.coinsLies); },
+             [&](const Bloc &bloc) {
+                 for (const Personne *enfant = bloc.premiere; enfant != bloc.fin && !estFini;
+                      enfant = enfant->suivante) {
+                     estFini = enfant->numerogeneration == nombreGenerations - 1;
+                     if (!estFini)
+                         traceur.Trace(*enfant);
+                 }
+             });
 }

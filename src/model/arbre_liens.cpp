@@ -30,6 +30,7 @@ Personne *PrendParent(QHash<quint64, Porteur> &porteurs, quint64 numero)
 
 void Arbre::DetermineLiensDeParente()
 {
+    OublieLesPlaces();
     QHash<quint64, Porteur> porteurs;
     for (Personne *personne = derniere; personne; personne = personne->precedente) {
         personne->ptrPere = PrendParent(porteurs, personne->pere);

@@ -5,9 +5,10 @@
 #include "dispositionrapide.h"
 #include "mesuresdisposition.h"
 
-void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY)
+namespace {
+
+void PlaceLesPersonnes(Arbre &arbre, const MesuresDisposition &mesures)
 {
-    const MesuresDisposition mesures(formats, echelleX, echelleY);
     if (arbre.premiere && !arbre.premiere->suivante) {
         arbre.premiere->x = mesures.margeX;
         arbre.premiere->y = mesures.margeY;
@@ -18,4 +19,12 @@ void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, f
         rapide.Execute();
     else
         DispositionPrudente(arbre, mesures).Execute();
+}
+
+}  // namespace
+
+void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY)
+{
+    PlaceLesPersonnes(arbre, MesuresDisposition(formats, echelleX, echelleY));
+    arbre.NoteLesPlaces();
 }

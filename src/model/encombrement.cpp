@@ -1,28 +1,18 @@
 #include "encombrement.h"
 
 #include "formatsdessins.h"
-#include "infopersonne.h"
 #include "lespolices.h"
 #include "unites.h"
 
 #include <QFontMetrics>
 #include <QPaintDevice>
 
-#include <array>
 #include <cstdlib>
 
 namespace {
 
 constexpr long chiffresDuPlusGrandNumero = 20;
 constexpr long ecartSelection = 3;
-/// "° ", "+ ", "à " before a text, or the blank between given names and surname.
-constexpr long longueurPrefixe = 2;
-
-std::array<const QString *, 7> TextesDessines(const InfoPersonne &info)
-{
-    return {&info.prenom,    &info.nom,       &info.datenaissance, &info.lieunaissance,
-            &info.datedeces, &info.lieudeces, &info.divers};
-}
 
 QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
 {
@@ -30,10 +20,28 @@ QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
     return appareil ? QFontMetrics(dessinable, appareil) : QFontMetrics(dessinable);
 }
 
-/// Last letter of the Latin blocks: up to it no letter is wider than a line is high, and lines break beside letters only.
-constexpr char16_t derniereLatine = u'\u024F';
-
 }  // namespace
+
+void Coins::Ajoute(long x, long y)
+{
+    const long cx = Coordonnee(x);
+    const long cy = Coordonnee(y);
+    if (EstVide()) {
+        *this = {.gauche = cx, .droite = cx, .haut = cy, .bas = cy};
+        return;
+    }
+    gauche = MinLI(gauche, cx);
+    droite = MaxLI(droite, cx);
+    haut = MinLI(haut, cy);
+    bas = MaxLI(bas, cy);
+}
+
+bool Coins::Contient(long x, long y) const
+{
+    const long cx = Coordonnee(x);
+    const long cy = Coordonnee(y);
+    return gauche <= cx && cx <= droite && haut <= cy && cy <= bas;
+}
 
 Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, const FormatsDessins &formats,
                            const LesPolices &polices)
@@ -49,45 +57,15 @@ Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, con
     coteDuNumero = margeTextes + MaxLI(0, (chiffresDuPlusGrandNumero * basDuNumero / 2 - largeurTextes) / 2);
 }
 
-Encombrement::Debords Encombrement::DebordsDe(long lignes, long plusLongMot, long largeurLettre) const
+bool Encombrement::SontHorsDe(const QRect &zone, const Coins &coins, const MesureTextes &textes, bool avecPhoto) const
 {
-    return {.bas = basDuNumero + lignes * hauteurLigne,
-            .cotes = MaxLI(coteDuNumero, margeTextes + (plusLongMot * largeurLettre - largeurTextes) / 2)};
-}
-
-Encombrement::Debords Encombrement::DebordsGrossiers(const InfoPersonne &info) const
-{
-    // A font for another script may have letters and lines twice as large.
-    long lignes = 0;
-    long plusLong = 0;
-    for (const QString *texte : TextesDessines(info)) {
-        const long longueur = texte->size() + longueurPrefixe;
-        lignes += 2 * longueur;
-        plusLong = MaxLI(plusLong, longueur);
-    }
-    return DebordsDe(lignes, 2 * plusLong, 2 * hauteurLigne);
-}
-
-Encombrement::Debords Encombrement::DebordsFins(const InfoPersonne &info) const
-{
-    long lignes = 0;
-    long plusLongMot = 0;
-    for (const QString *texte : TextesDessines(info)) {
-        long mot = 0;
-        lignes += longueurPrefixe;
-        for (const QChar caractere : *texte) {
-            if (caractere.unicode() > derniereLatine)
-                return DebordsGrossiers(info);
-            if (caractere.isLetterOrNumber()) {
-                plusLongMot = MaxLI(plusLongMot, ++mot);
-            } else {
-                // Not every sign lets a line break, so it may also make its word longer: it counts for both.
-                ++lignes;
-                plusLongMot = MaxLI(plusLongMot, ++mot);
-                if (caractere.isSpace() && caractere != QChar::Nbsp)
-                    mot = 0;
-            }
-        }
-    }
-    return DebordsDe(lignes, plusLongMot + longueurPrefixe, hauteurLigne);
+    if (zone.isNull())
+        return false;
+    const long cotes =
+        tour + MaxLI(coteDuNumero, margeTextes + (textes.plusLongMot * hauteurLigne - largeurTextes) / 2);
+    const long photo = avecPhoto ? 2 * largeurCadre + MaxLI(ecartPhoto, 0) + tour : 0;
+    const long dessous = MaxLI(hauteurCadre, basDuNumero + textes.lignes * hauteurLigne) + tour;
+    return coins.gauche - cotes + MinLI(ecartPhoto, 0) > zone.right()
+        || coins.droite + MaxLI(largeurCadre + cotes, photo) < zone.left() || coins.haut - tour > zone.bottom()
+        || coins.bas + dessous < zone.top();
 }

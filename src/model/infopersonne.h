@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mesuretextes.h"
+
 #include <QImage>
 #include <QString>
 
@@ -29,6 +31,11 @@ public:
     /// True when the photo is drawn beside the box, which then takes two box widths.
     [[nodiscard]] bool aUnePhoto() const { return etatPhoto > PhotoAbsente; }
 
+    /// See MesureLesTextes; kept until OublieMesure().
+    [[nodiscard]] MesureTextes Mesure() const;
+    /// To be called when texts that have been drawn change.
+    void OublieMesure() { lignesMesurees = 0; }
+
     QString nom;
     QString prenom;
     QString datenaissance;
@@ -42,4 +49,9 @@ public:
     QImage photoEcran;
     QImage photoImpression;
     int etatPhoto;  ///< see EtatPhoto
+
+private:
+    // Both fit where the class would have a hole.
+    mutable quint16 lignesMesurees = 0;  ///< 0: not measured, or too large to be kept
+    mutable quint16 motMesure = 0;
 };

@@ -39,8 +39,6 @@ public:
     void TraceSelection(QPainter *painter, float sx, float sy, bool trace, const FormatsDessins &formats) const;
     /// True when the point (pixels) lies strictly inside the box; its border and the photo do not count.
     [[nodiscard]] bool EstClique(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
-    /// A rectangle that holds all that Affiche may draw, texts that run over the frame included.
-    [[nodiscard]] QRect Etendue(const Encombrement &encombrement) const;
     /// True when nothing that Affiche may draw lies in \a zone; a null zone is everything.
     [[nodiscard]] bool EstHorsDe(const QRect &zone, const Encombrement &encombrement) const;
 

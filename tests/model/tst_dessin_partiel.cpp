@@ -232,6 +232,7 @@ void TestDessinPartiel::bandeParBandeLeDessinEstEntier()
     mere->numero = 9223372036854775809U;
     mere->info->prenom = QString(25, u'W');
     mere->info->divers = QString(30, u'W').replace(u'W', QStringLiteral("W "));
+    arbre->TextesChanges(*mere);
     arbre->premiere->info->photo = QImage(60, 40, QImage::Format_RGB32);
     arbre->premiere->info->photo.fill(Qt::red);
     arbre->premiere->info->etatPhoto = InfoPersonne::PhotoChargee;

@@ -14,6 +14,8 @@ void RamelierDoc::PositionneLesPersonnes(float echelleX, float echelleY)
 
 void RamelierDoc::DecalerAncetres(Personne *personne, long dx)
 {
+    if (arbre)
+        arbre->OublieLesPlaces();
     // An explicit stack: lines of ancestors may be longer than the call stack is deep.
     std::vector<Personne *> aSuivre{personne};
     while (!aSuivre.empty()) {
@@ -31,6 +33,7 @@ void RamelierDoc::DecalerAncetres(Personne *personne, long dx)
 void RamelierDoc::DecalerTout(long dx, long dy)
 {
     if (arbre) {
+        arbre->OublieLesPlaces();
         for (Personne *personne = arbre->premiere; personne; personne = personne->suivante) {
             personne->x += dx;
             personne->y += dy;

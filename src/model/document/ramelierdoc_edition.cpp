@@ -147,6 +147,7 @@ void RamelierDoc::CreaModifPers(QWidget *parent, QString &repertoire, bool creat
                                 {dialogue.TxtFicPhoto, &info.ficphoto}});
     if (!touche)
         return;
+    arbre->TextesChanges(personne);
     const bool autrePhoto = dialogue.TxtFicPhoto->isModified();
     if (autrePhoto)
         RechargePhoto(info, repertoire);
@@ -154,6 +155,7 @@ void RamelierDoc::CreaModifPers(QWidget *parent, QString &repertoire, bool creat
         annulation.LaisseLaPlace();
         if (personne.estVide()) {
             info.nom = QStringLiteral("???");
+            arbre->TextesChanges(personne);
             Boites::Information(parent, QStringLiteral("Modification"),
                                 QStringLiteral("Après modification, la personne n'avait plus de nom ni de prénom.\n"
                                                "Pour éviter des problèmes ultérieurs, le nom ??? lui a été affecté "
@@ -191,6 +193,7 @@ bool RamelierDoc::AjoutePersonne(QWidget *parent, QString &repertoire, bool pere
             lien.Remet();
         enfant->selectionnee = true;
         arbre->selection = enfant;
+        arbre->NoteLesPlaces();
         return false;
     }
     ajoutee->affichable = true;

@@ -1,0 +1,108 @@
+#include "indexdessin.h"
+
+#include "arbre.h"
+#include "infopersonne.h"
+#include "personne.h"
+#include "unites.h"
+
+namespace {
+
+constexpr int personnesParBloc = 64;
+constexpr std::size_t blocsParGroupe = 64;
+
+void Elargit(MesureTextes &mesure, const MesureTextes &autre)
+{
+    mesure.lignes = MaxLI(mesure.lignes, autre.lignes);
+    mesure.plusLongMot = MaxLI(mesure.plusLongMot, autre.plusLongMot);
+}
+
+void Elargit(Coins &coins, const Coins &autres)
+{
+    if (autres.EstVide())
+        return;
+    coins.Ajoute(autres.gauche, autres.haut);
+    coins.Ajoute(autres.droite, autres.bas);
+}
+
+void AjouteLesLiens(Coins &coins, const Personne &enfant)
+{
+    for (const Personne *parent : {enfant.ptrPere, enfant.ptrMere}) {
+        if (!parent)
+            continue;
+        coins.Ajoute(enfant.x, enfant.y);
+        coins.Ajoute(parent->x, parent->y);
+    }
+}
+
+}  // namespace
+
+IndexDessin::IndexDessin(const Arbre &arbre)
+{
+    bool avecLiens = true;
+    int place = personnesParBloc;
+    for (Personne *personne = arbre.premiere; personne; personne = personne->suivante) {
+        const bool autreRangee = personne->precedente && personne->precedente->y != personne->y;
+        if (++place > personnesParBloc || autreRangee) {
+            if (!blocs.empty())
+                blocs.back().fin = personne;
+            blocs.push_back({.premiere = personne});
+            place = 1;
+        }
+        avecLiens = avecLiens && personne->numerogeneration != arbre.nombreGenerations - 1;
+        Range(personne, avecLiens);
+    }
+    RassembleLesBlocs();
+}
+
+void IndexDessin::Range(Personne *personne, bool avecLiens)
+{
+    Bloc &bloc = blocs.back();
+    bloc.coins.Ajoute(personne->x, personne->y);
+    if (avecLiens)
+        AjouteLesLiens(bloc.coinsLies, *personne);
+    if (personne->info)
+        Elargit(bloc.textes, personne->info->Mesure());
+}
+
+void IndexDessin::RassembleLesBlocs()
+{
+    for (std::size_t i = 0; i < blocs.size(); ++i) {
+        if (i % blocsParGroupe == 0)
+            groupes.push_back({.tous = {.premiere = blocs[i].premiere}, .premier = i, .fin = i});
+        Groupe &groupe = groupes.back();
+        groupe.fin = i + 1;
+        groupe.tous.fin = blocs[i].fin;
+        Elargit(groupe.tous.coins, blocs[i].coins);
+        Elargit(groupe.tous.coinsLies, blocs[i].coinsLies);
+        Elargit(groupe.tous.textes, blocs[i].textes);
+    }
+}
+
+void IndexDessin::Parcourt(const Question &question, const Visite &visite) const
+{
+    for (const Groupe &groupe : groupes) {
+        if (!question(groupe.tous))
+            continue;
+        for (std::size_t i = groupe.premier; i < groupe.fin; ++i) {
+            if (question(blocs[i]))
+                visite(blocs[i]);
+        }
+    }
+}
+
+void IndexDessin::TextesChanges(const Personne &personne)
+{
+    if (!personne.info)
+        return;
+    // Blocks that only might hold the person become larger too: they are looked at once more than needed.
+    const MesureTextes mesure = personne.info->Mesure();
+    for (Groupe &groupe : groupes) {
+        if (!groupe.tous.coins.Contient(personne.x, personne.y))
+            continue;
+        Elargit(groupe.tous.textes, mesure);
+        for (std::size_t i = groupe.premier; i < groupe.fin; ++i) {
+            if (blocs[i].coins.Contient(personne.x, personne.y))
+                Elargit(blocs[i].textes, mesure);
+        }
+    }
+}

@@ -1,0 +1,277 @@
+#include "arbre.h"
+#include "arbres.h"
+#include "disposition.h"
+#include "enregistreur.h"
+#include "environnement.h"
+#include "formatsdessins.h"
+#include "infopersonne.h"
+#include "lespolices.h"
+#include "personne.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+
+#include <random>
+
+namespace {
+
+constexpr float sx = 2.0F;
+constexpr float sy = 2.0F;
+
+struct Presentation
+{
+    FormatsDessins formats = FormatsDessins::ParDefaut();
+    LesPolices polices = LesPolices::ParDefaut();
+};
+
+/// What is drawn when \a zone is exposed, in order.
+QStringList Dessin(Arbre &arbre, const Presentation &presentation, const QRect &zone)
+{
+    Enregistreur dessin;
+    QPainter peintre(&dessin);
+    peintre.setClipRect(zone);
+    arbre.Affiche(&peintre, sx, sy, false, presentation.formats, presentation.polices, true);
+    return dessin.EnTexte();
+}
+
+/// The first person of the list whose box holds the point, by a walk along the list.
+quint64 NumeroSous(const Arbre &arbre, const Presentation &presentation, QPoint point)
+{
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante) {
+        if (personne->EstClique(point.x(), point.y(), sx, sy, presentation.formats))
+            return personne->numero;
+    }
+    return 0;
+}
+
+/// Whom a click selects; nobody is selected then any more, so that no mark is drawn.
+quint64 NumeroClique(Arbre &arbre, const Presentation &presentation, QPoint point)
+{
+    arbre.selection = nullptr;
+    const bool change = arbre.DeselectSelect(point.x(), point.y(), sx, sy, presentation.formats);
+    const quint64 numero = arbre.selection ? arbre.selection->numero : 0;
+    if (arbre.selection)
+        arbre.selection->selectionnee = false;
+    return change == (numero != 0) ? numero : 999'999'999;
+}
+
+QRect Feuille(const Arbre &arbre)
+{
+    QRect feuille;
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante)
+        feuille |= QRect(static_cast<int>(personne->x), static_cast<int>(personne->y), 200, 200);
+    return feuille;
+}
+
+/// Zones on and around boxes, the same on every machine.
+QList<QRect> ZonesAuHasard(const Arbre &arbre, quint32 graine, int nombre)
+{
+    std::mt19937 hasard(graine);
+    const auto entre = [&hasard](int mini, int maxi) {
+        return mini + static_cast<int>(hasard() % static_cast<quint32>(maxi - mini + 1));
+    };
+    const QRect feuille = Feuille(arbre);
+    QList<QRect> zones{feuille};
+    while (zones.size() < nombre) {
+        zones += QRect(entre(feuille.left() - 50, feuille.right()), entre(feuille.top() - 50, feuille.bottom()),
+                       entre(1, 1000), entre(1, 700));
+    }
+    return zones;
+}
+
+/// A third has no texts, some have long ones; photos stand beside some boxes.
+void DonneDesTextes(Arbre &arbre, quint32 graine)
+{
+    std::mt19937 hasard(graine);
+    for (Personne *personne = arbre.premiere; personne; personne = personne->suivante) {
+        InfoPersonne &info = *personne->info;
+        switch (hasard() % 60) {
+        case 0:
+            info.divers = QString(200, u'M');
+            break;
+        case 1:
+            info.lieudeces = QStringLiteral("神聖羅馬帝國皇帝 神聖羅馬帝國皇帝");
+            break;
+        case 2:
+            info.divers = QString(40, u'M').replace(u'M', QStringLiteral("M "));
+            break;
+        case 3:
+            info.etatPhoto = InfoPersonne::PhotoChargee;
+            info.photo = QImage(20, 30, QImage::Format_RGB32);
+            break;
+        case 4:
+            delete std::exchange(personne->info, nullptr);
+            break;
+        default:
+            if (hasard() % 3 == 0)
+                info.nom.clear();
+        }
+    }
+}
+
+}  // namespace
+
+/// A tree that knows where everybody stands draws and finds the same persons as one that walks along its list.
+class TestPlaces : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void laMemeImageEtLesMemesClics_data();
+    void laMemeImageEtLesMemesClics();
+    void lesArbresMalFormesAussi_data();
+    void lesArbresMalFormesAussi();
+    void unTextePlusLongEstVuDeLoin();
+    void quiVientOuPartEstVu();
+    void tousDeplacesTousDessines();
+    void aucunLienAuDelaDeLaPremierePersonneDEnHaut();
+
+private:
+    static void Compare(Arbre &arbre, quint32 graine);
+};
+
+/// Fails where the tree with its places and without them differ.
+void TestPlaces::Compare(Arbre &arbre, quint32 graine)
+{
+    const Presentation presentation;
+    const QList<QRect> zones = ZonesAuHasard(arbre, graine, 25);
+    QList<QStringList> dessins;
+    QList<quint64> cliques;
+    for (const QRect &zone : zones) {
+        dessins += Dessin(arbre, presentation, zone);
+        for (const QPoint point : {zone.center(), zone.topLeft(), zone.bottomRight()})
+            cliques += NumeroClique(arbre, presentation, point);
+    }
+    arbre.OublieLesPlaces();
+    for (const QRect &zone : zones) {
+        QCOMPARE(dessins.takeFirst(), Dessin(arbre, presentation, zone));
+        for (const QPoint point : {zone.center(), zone.topLeft(), zone.bottomRight()})
+            QCOMPARE(cliques.takeFirst(), NumeroSous(arbre, presentation, point));
+    }
+}
+
+void TestPlaces::laMemeImageEtLesMemesClics_data()
+{
+    // Up to 64 persons are looked at as one, and up to 64 such lots.
+    QTest::addColumn<int>("personnes");
+    QTest::addColumn<double>("chanceParent");
+    QTest::newRow("une personne") << 1 << 1.0;
+    QTest::newRow("une petite famille") << 7 << 1.0;
+    QTest::newRow("64") << 64 << 1.0;
+    QTest::newRow("65") << 65 << 1.0;
+    QTest::newRow("127") << 127 << 1.0;
+    QTest::newRow("cinq cents") << 500 << 0.8;
+    QTest::newRow("cinq mille") << 5000 << 1.0;
+    QTest::newRow("cinq mille, clairsemés") << 5000 << 0.9;
+}
+
+void TestPlaces::laMemeImageEtLesMemesClics()
+{
+    QFETCH(const int, personnes);
+    QFETCH(const double, chanceParent);
+    for (quint32 graine = 1; graine <= 4; ++graine) {
+        const auto arbre = ArbreAuHasard({.graine = graine, .personnes = personnes, .chanceParent = chanceParent});
+        DonneDesTextes(*arbre, graine);
+        DisposeArbre(*arbre, Presentation().formats, sx, sy);
+        Compare(*arbre, graine);
+    }
+}
+
+void TestPlaces::lesArbresMalFormesAussi_data()
+{
+    QTest::addColumn<int>("defaut");
+    QTest::newRow("une génération de trop") << 0;
+    QTest::newRow("liens vers n'importe qui") << 1;
+    QTest::newRow("places au hasard") << 2;
+    QTest::newRow("générations au hasard") << 3;
+    QTest::newRow("places à perte de vue") << 4;
+}
+
+void TestPlaces::lesArbresMalFormesAussi()
+{
+    QFETCH(const int, defaut);
+    for (quint32 graine = 1; graine <= 10; ++graine) {
+        const auto arbre = ArbreAuHasard(
+            {.graine = graine, .personnes = 300, .chanceParent = 0.9, .generationsEnTrop = defaut == 0 ? 1 : 0});
+        DisposeArbre(*arbre, Presentation().formats, sx, sy);
+        std::mt19937 hasard(graine);
+        for (Personne *personne = arbre->premiere; personne; personne = personne->suivante) {
+            if (defaut == 1 && hasard() % 4 == 0)
+                personne->ptrMere = Trouve(*arbre, 1 + hasard() % 40);
+            if (defaut == 2) {
+                personne->x = static_cast<long>(hasard() % 3000);
+                personne->y = static_cast<long>(hasard() % 1000);
+            }
+            if (defaut == 3 && hasard() % 10 == 0)
+                personne->numerogeneration = static_cast<unsigned short>(hasard() % 12);
+            if (defaut == 4 && hasard() % 10 == 0)
+                personne->x = 100'000'000'000'000'000L;
+        }
+        arbre->NoteLesPlaces();
+        Compare(*arbre, graine);
+    }
+}
+
+void TestPlaces::unTextePlusLongEstVuDeLoin()
+{
+    const auto arbre = ArbreComplet(9);
+    const Presentation presentation;
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    Personne *personne = Trouve(*arbre, 300);
+    const QRect zone(static_cast<int>(personne->x) + 900, static_cast<int>(personne->y), 100, 84);
+    QVERIFY(!Dessin(*arbre, presentation, zone).join(u'\n').contains(QStringLiteral("MMM")));
+    personne->info->nom = QString(300, u'M');
+    arbre->TextesChanges(*personne);
+    QVERIFY(Dessin(*arbre, presentation, zone).join(u'\n').contains(QStringLiteral("MMM")));
+    // Without data there is nothing to measure.
+    delete std::exchange(personne->info, nullptr);
+    arbre->TextesChanges(*personne);
+    QVERIFY(!Dessin(*arbre, presentation, zone).join(u'\n').contains(QStringLiteral("MMM")));
+}
+
+void TestPlaces::quiVientOuPartEstVu()
+{
+    const auto arbre = ArbreDeNumeros({1, 2, 3});
+    const Presentation presentation;
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    Personne *ajoutee = arbre->AjoutePersonne(Trouve(*arbre, 3), true);
+    ajoutee->x = 2000;
+    ajoutee->y = 500;
+    QCOMPARE(NumeroClique(*arbre, presentation, QPoint(2010, 510)), 6U);
+    QVERIFY(Dessin(*arbre, presentation, QRect(2000, 500, 60, 60)).contains(QStringLiteral("texte 6")));
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    const QPoint dedans(static_cast<int>(ajoutee->x) + 5, static_cast<int>(ajoutee->y) + 5);
+    QCOMPARE(NumeroClique(*arbre, presentation, dedans), 6U);
+    arbre->selection = ajoutee;
+    arbre->SupprimePersonne();
+    QCOMPARE(NumerosEnTexte(*arbre), "1 2 3");
+    QCOMPARE(NumeroClique(*arbre, presentation, dedans), 0U);
+}
+
+void TestPlaces::tousDeplacesTousDessines()
+{
+    const auto arbre = ArbreDeNumeros({1, 2});
+    const Presentation presentation;
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    arbre->OublieLesPlaces();
+    for (Personne *personne = arbre->premiere; personne; personne = personne->suivante)
+        personne->x += 3000;
+    QCOMPARE(NumeroClique(*arbre, presentation,
+                          QPoint(static_cast<int>(arbre->premiere->x) + 5, static_cast<int>(arbre->premiere->y) + 5)),
+             1U);
+}
+
+void TestPlaces::aucunLienAuDelaDeLaPremierePersonneDEnHaut()
+{
+    // The count of generations is one too small: the walk of the links stops at the first person of what passes for the
+    // top generation.
+    const auto arbre = ArbreComplet(3);
+    arbre->nombreGenerations = 2;
+    const Presentation presentation;
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    const QStringList dessin = Dessin(*arbre, presentation, QRect(-5000, -5000, 10000, 10000));
+    QCOMPARE(dessin.filter(QStringLiteral("arc ")).size(), 4);
+}
+
+RAMELIER_TEST_MAIN(QGuiApplication, TestPlaces)
+#include "tst_places.moc"
