@@ -12,7 +12,8 @@ function remplit(texte, largeur,    lettres) {
     rapport = $5 == "" ? "" : sprintf("%.2f fois", $3 / $5)
     limite = $6 == "" ? "" : "au plus " $6 ($5 == "" ? " " $4 : "")
     depasse = $6 != "" && ($5 == "" ? $3 : $3 / $5) > $6
-    print remplit($1, 46) sprintf("%8d pers. %12.3f ", $2, $3) remplit($4, 8) sprintf("%12s  ", rapport) \
+    personnes = $2 > 0 ? $2 " pers." : ""
+    print remplit($1, 46) sprintf("%15s %12.3f ", personnes, $3) remplit($4, 8) sprintf("%12s  ", rapport) \
         remplit(limite, 18) (depasse ? "!" : "")
     fflush()
 }
