@@ -5,10 +5,17 @@
 #include "parentdesboites.h"
 #include "personne.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr double limite = 1.2;
-constexpr int foisParBoite = 20;  // the dialog is not measured, but takes its time
+
+/// The dialog is not measured, but takes its time, and so does a large tree.
+int FoisParBoite(int personnes)
+{
+    return std::clamp(500'000 / personnes, 1, 20);
+}
 
 /// Whose father comes and goes.
 enum class Enfant {
@@ -87,8 +94,8 @@ void Enregistre(const char *ajout, const char *suppression, Enfant enfant, int p
 {
     const auto plancher = [=](benchmark::State &etat) { DisposeEtParcourt(etat, enfant, personnes); };
     EnregistreMesure(
-        {ajout, limite, personnes, foisParBoite}, [=](benchmark::State &etat) { Ajoute(etat, enfant, personnes); },
-        plancher);
+        {ajout, limite, personnes, FoisParBoite(personnes)},
+        [=](benchmark::State &etat) { Ajoute(etat, enfant, personnes); }, plancher);
     EnregistreMesure(
         {suppression, limite, personnes}, [=](benchmark::State &etat) { Supprime(etat, enfant, personnes); }, plancher);
 }

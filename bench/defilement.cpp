@@ -57,12 +57,7 @@ int main(int argc, char **argv)
         if (petit.empty())
             petit = images;
         const auto ecrit = [&](const char *nom, double valeur, double plancher) {
-            Ecrit({.nom = nom,
-                   .personnes = personnes,
-                   .valeur = valeur,
-                   .unite = "ms",
-                   .plancher = plancher,
-                   .limite = {}});
+            Ecrit({.nom = nom, .personnes = personnes, .valeur = valeur, .unite = "ms", .plancher = plancher});
         };
         ecrit("défilement, image médiane", images[images.size() / 2], petit[petit.size() / 2]);
         ecrit("défilement, image la plus lente", images.back(), petit.back());

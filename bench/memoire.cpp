@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <cstdlib>
+#include <optional>
 
 #include <malloc.h>
 
@@ -62,12 +63,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     const double textes = OctetsDesTextes(arbre);
     const auto ecrit = [personnes](const char *nom, double octets, std::optional<double> limite) {
-        Ecrit({.nom = nom,
-               .personnes = personnes,
-               .valeur = octets / personnes,
-               .unite = "o/pers.",
-               .plancher = {},
-               .limite = limite});
+        Ecrit({.nom = nom, .personnes = personnes, .valeur = octets / personnes, .unite = "o/pers.", .limite = limite});
     };
     ecrit("mémoire d'un arbre ouvert, sans ses textes", OctetsAlloues() - alloues - textes, 700);
     ecrit("mémoire d'un arbre ouvert, textes seuls", textes, {});

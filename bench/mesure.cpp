@@ -72,7 +72,6 @@ private:
                     .personnes = mesure.personnes,
                     .valeur = travail->second.millisecondes,
                     .unite = "ms",
-                    .plancher = {},
                     .limite = mesure.limite};
         if (enregistree->second.aUnPlancher)
             ligne.plancher = plancher->second.millisecondes;
@@ -86,8 +85,7 @@ private:
                        .personnes = mesure.personnes,
                        .valeur = compteur.value,
                        .unite = nomDuCompteur,
-                       .plancher = autre->second.value,
-                       .limite = {}});
+                       .plancher = autre->second.value});
         }
     }
 
