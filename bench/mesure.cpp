@@ -15,6 +15,12 @@ std::string Nom(const Mesure &mesure)
     return mesure.nom + '/' + std::to_string(mesure.personnes);
 }
 
+/// The name of the measure that the benchmark \a nom belongs to.
+std::string DebutDe(const std::string &nom)
+{
+    return nom.substr(0, nom.rfind('/'));
+}
+
 struct Enregistree
 {
     Mesure mesure;
@@ -44,12 +50,13 @@ public:
         if (essais.empty() || essais.front().run_type != Run::RT_Iteration)
             return;
         const std::string nom = essais.front().run_name.function_name;
+        const bool murale = Enregistrees().at(DebutDe(nom)).mesure.murale;
         for (const Run &essai : essais) {
             if (essai.error_occurred) {
                 GetErrorStream() << nom << " : " << essai.error_message << '\n';
                 return;
             }
-            const Resultat resultat{essai.GetAdjustedCPUTime(), essai.counters};
+            const Resultat resultat{murale ? essai.GetAdjustedRealTime() : essai.GetAdjustedCPUTime(), essai.counters};
             const auto [place, nouveau] = resultats.emplace(nom, resultat);
             if (!nouveau && resultat.millisecondes < place->second.millisecondes)
                 place->second = resultat;
@@ -60,7 +67,7 @@ public:
 private:
     void EcritQuandTousSontLa(const std::string &nom) const
     {
-        const std::string debut = nom.substr(0, nom.rfind('/'));
+        const std::string debut = DebutDe(nom);
         const auto enregistree = Enregistrees().find(debut);
         const auto travail = resultats.find(debut + travailDe);
         const auto plancher = resultats.find(debut + plancherDe);

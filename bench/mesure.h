@@ -11,7 +11,8 @@ struct Mesure
     std::string nom;
     double limite;  ///< how many times the floor is still well; for a duration, how many milliseconds
     int personnes;
-    int fois = 0;  ///< how often a run does the work; 0 as often as it takes to be measured
+    int fois = 0;         ///< how often a run does the work; 0 as often as it takes to be measured
+    bool murale = false;  ///< in real time: the disk, too, is waited for
 };
 
 /// Measures \a travail beside \a plancher, what it must cost at least. The benchmarks are named
@@ -22,7 +23,7 @@ void EnregistreMesure(const Mesure &mesure, const std::function<void(benchmark::
 void EnregistreDuree(const Mesure &mesure, const std::function<void(benchmark::State &)> &travail);
 
 /// Runs all that was registered and prints the lines of the table, see ligne.h. Of several runs the fastest counts, in
-/// processor time: what else the machine does is not measured.
+/// processor time unless it says otherwise: what else the machine does is not measured.
 void MesureTout();
 
 /// Register the measures of their topic, on trees of up to \a plusGrand persons.
