@@ -88,7 +88,8 @@ void EnregistreXrlg(int plusGrand)
             {"lecture .xrlg", 1.6, personnes}, [=](benchmark::State &etat) { Lit(etat, personnes); },
             [=](benchmark::State &etat) { ParcourtLeXml(etat, personnes); });
         EnregistreMesure(
-            {"écriture .xrlg", 6, personnes}, [=](benchmark::State &etat) { Ecrit(etat, personnes); },
+            {.nom = "écriture .xrlg", .limite = 6, .personnes = personnes, .murale = true},
+            [=](benchmark::State &etat) { Ecrit(etat, personnes); },
             [=](benchmark::State &etat) { EcritLesOctets(etat, personnes); });
     }
 }

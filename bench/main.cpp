@@ -1,6 +1,7 @@
 #include "mesure.h"
+#include "taillemax.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <cstdlib>
 
@@ -8,15 +9,19 @@
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    bool dit = false;
-    const int voulu = qEnvironmentVariableIntValue("RAMELIER_BENCH_PERSONNES", &dit);
-    const int plusGrand = dit ? voulu : 100000;
+    // It tells at each dialog that it has no window manager.
+    qputenv("QT_LOGGING_RULES", "default.warning=false");
+    const QApplication application(argc, argv);
+    const int plusGrand = PersonnesAuPlus();
     benchmark::Initialize(&argc, argv);
     EnregistreDisposition(plusGrand);
+    EnregistreDessin(plusGrand);
+    EnregistreClic(plusGrand);
+    EnregistreEdition(plusGrand);
+    EnregistreImpression(plusGrand);
     EnregistreXrlg(plusGrand);
     EnregistreGedcom(plusGrand);
     EnregistreAssemblage(plusGrand);
-    benchmark::RunSpecifiedBenchmarks();
+    MesureTout();
     return EXIT_SUCCESS;
 }
