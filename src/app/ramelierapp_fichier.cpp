@@ -1,6 +1,7 @@
 #include "ramelierapp.h"
 
 #include "boites.h"
+#include "curseurattente.h"
 #include "ficoptions.h"
 #include "ramelierdoc.h"
 
@@ -89,6 +90,8 @@ void RamelierApp::slotFileOpen()
     }
     dernierRep = QFileInfo(fichierArbre).absolutePath();
     fichierOptions = CheminDesOptions(fichierArbre);
+    if (!enDemarrage)
+        RepeintAvantDeTravailler();
     if (!doc->load(fichierArbre, dernierRep, fichierOptions, RamelierDoc::CibleArbre)) {
         MontreEchecDOuverture(QStringLiteral("fichier incorrect"),
                               QStringLiteral("Impossible de charger le fichier ") + fichierArbre);
@@ -114,6 +117,7 @@ void RamelierApp::slotFileSave()
         return;
     }
     Status(QStringLiteral("Enregistrement du fichier..."));
+    RepeintAvantDeTravailler();
     doc->save(fichierOptions);
     Status(QStringLiteral("Prêt."));
     MaJStatusBarreInfoModif();
@@ -176,6 +180,7 @@ void RamelierApp::slotFileSaveAs()
     fichierArbre = nom;
     dernierRep = QFileInfo(nom).absolutePath();
     fichierOptions = CheminDesOptions(nom);
+    RepeintAvantDeTravailler();
     doc->saveAs(fichierArbre, fichierOptions, avecOptions);
     setWindowTitle(titre + nom);
     Status(QStringLiteral("Arbre sauvé sous : ") + nom, dureeMessage);

@@ -2,6 +2,7 @@
 
 #include "arbre.h"
 #include "boites.h"
+#include "curseurattente.h"
 #include "pages.h"
 #include "ramelierdoc.h"
 #include "unites.h"
@@ -40,6 +41,8 @@ bool RamelierApp::ChoisitImprimante(QPrinter &imprimante, const QString &nomPdf)
 void RamelierApp::ImprimeSur(QPrinter &imprimante)
 {
     Status(QStringLiteral("Impression en cours..."));
+    RepeintAvantDeTravailler();
+    const CurseurAttente attente;
     const QSize page(imprimante.width(), imprimante.height());
     QPainter painter;
     if (!doc->arbre || !painter.begin(&imprimante))

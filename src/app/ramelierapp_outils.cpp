@@ -1,6 +1,7 @@
 #include "ramelierapp.h"
 
 #include "boites.h"
+#include "curseurattente.h"
 #include "ramelierdoc.h"
 
 #include <QAction>
@@ -71,6 +72,7 @@ void RamelierApp::slotAssembleArbres()
     dernierRep = QDir::homePath();
     OteLesCommandesArbre();
     Status(QStringLiteral("Assemblage de deux arbres..."));
+    RepeintAvantDeTravailler();
     for (const Cote &cote : {coteDuPere, coteDeLaMere}) {
         const QString &nom = noms.at(cote.cible - RamelierDoc::CiblePere);
         if (doc->load(nom, dernierRep, fichierOptions, cote.cible))
@@ -106,6 +108,7 @@ void RamelierApp::slotImporteFichierGED()
         MaJStatusBarreInfoModif();
         return;
     }
+    RepeintAvantDeTravailler();
     if (doc->ImporteDeGED(this, nom))
         RendLesCommandesArbre();
     MaJStatusBarreInfoModif();
@@ -131,6 +134,7 @@ void RamelierApp::slotExporteVersFichierGED()
         nom += QStringLiteral(".ged");
     if (RefuseDeRemplacerLeGED(nom))
         return;
+    RepeintAvantDeTravailler();
     doc->exporteVersGED(this, nom);
     Status(QStringLiteral("Arbre exporté vers : ") + nom, dureeMessage);
     Status(QStringLiteral("Prêt."));

@@ -82,7 +82,7 @@ bool XrlgHandler::startElement(const QString & /*namespaceURI*/, const QString &
     } else if (qName == u"infopersonne" && personneCourante && !personneCourante->info) {
         personneCourante->info = new InfoPersonne;
     }
-    texteCourant.clear();
+    texteCourant.resize(0);
     return true;
 }
 
@@ -127,7 +127,8 @@ bool XrlgHandler::EcritTextePersonne(const QString &balise)
     if (champ == TextesPersonne().cend())
         return false;
     if (personneCourante && personneCourante->info)
-        personneCourante->info->*champ.value() = texteCourant;
+        // A copy takes no more room than its letters.
+        personneCourante->info->*champ.value() = QString(texteCourant.constData(), texteCourant.size());
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "indexdessin.h"
 #include "infopersonne.h"
 #include "personne.h"
+#include "photos.h"
 
 #include <utility>
 
@@ -16,6 +17,7 @@ Arbre::~Arbre()
     delete infoArbre;
     delete premiere;
     delete infoSauvee;
+    OublieLesPhotosInutiles();
 }
 
 void Arbre::AjouteALaFin(Personne *personne)

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "infoarbre.h"
+#include "mesuresdisposition.h"
 
 #include <QString>
 #include <QtGlobal>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class IndexDessin;
 class InfoPersonne;
@@ -62,11 +64,14 @@ public:
     /// Draws the lines and arcs between each person and its parents.
     void TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const;
 
-    /// Notes where everybody stands, for drawing and clicks to find it without a walk along the list. Linear; called when
-    /// everybody has been placed. Positions changed by hand afterwards call for OublieLesPlaces, texts for TextesChanges;
-    /// whoever enters or leaves the list makes the tree forget by itself.
-    void NoteLesPlaces();
+    /// Notes where everybody stands, for drawing and clicks to find it without a walk along the list, and with which
+    /// lengths they were placed, if known. O(n); called when everybody has been placed. Positions changed by hand
+    /// afterwards call for OublieLesPlaces, texts for TextesChanges; whoever enters or leaves the list makes the tree
+    /// forget by itself.
+    void NoteLesPlaces(std::optional<MesuresDisposition> mesures = {});
     void OublieLesPlaces();
+    /// True when a layout with \a mesures would change nothing: it was the last, and the same persons have photos. O(n).
+    [[nodiscard]] bool EstPlaceAvec(const MesuresDisposition &mesures) const;
     /// To be called when the texts of \a personne changed.
     void TextesChanges(const Personne &personne);
 
@@ -90,4 +95,5 @@ private:
                   const std::function<void(const Bloc &)> &visite) const;
 
     std::unique_ptr<IndexDessin> index;
+    std::optional<MesuresDisposition> mesuresDesPlaces;
 };

@@ -1,169 +1,36 @@
 #include "arbre.h"
-
-#include "encombrement.h"
-#include "etatpeintre.h"
-#include "formatsdessins.h"
 #include "indexdessin.h"
+#include "infopersonne.h"
 #include "personne.h"
-#include "plume.h"
-#include "unites.h"
-
-#include <QBrush>
-#include <QPen>
-
-#include <cstdlib>
-
-namespace {
-
-/// The part of the drawing that \a peintre shows, in its own coordinates; null when it shows everything.
-QRect ZoneMontree(const QPainter &peintre)
-{
-    if (!peintre.hasClipping())
-        return {};
-    const QRectF zone = peintre.clipBoundingRect();
-    const QPoint hautGauche(EntierBorne(zone.left(), -1'000'000'000, 1'000'000'000),
-                            EntierBorne(zone.top(), -1'000'000'000, 1'000'000'000));
-    const QPoint basDroite(EntierBorne(zone.right(), -1'000'000'000, 1'000'000'000),
-                           EntierBorne(zone.bottom(), -1'000'000'000, 1'000'000'000));
-    return QRect(hautGauche, basDroite).adjusted(-2, -2, 2, 2);
-}
-
-/// The lines and arcs from one child up to its parents, for one pair of scales. All lengths in pixels.
-class TraceurDeLiaisons
-{
-public:
-    TraceurDeLiaisons(QPainter &surQuoi, float sx, float sy, const FormatsDessins &formats)
-        : peintre(surQuoi)
-        , zone(ZoneMontree(surQuoi))
-        , epaisseur(formats.EpaisseurPx(sx))
-        , rx(formats.RayonPx(sx))
-        , ry(formats.RayonPx(sy))
-        , demiLargeur(Px(formats.largeurCadre / 2, sx))
-        , hauteur(Px(formats.hauteurCadre, sy))
-        , versMilieu(Px(long(formats.distMinVert / 2) + formats.hauteurCadre, sy))
-    {
-    }
-
-    /// False when no link between boxes with these corners is to be seen.
-    [[nodiscard]] bool PeutMontrer(const Coins &coins) const
-    {
-        const long cote = std::abs(demiLargeur);
-        const long dessous = MaxLI(std::abs(hauteur), std::abs(versMilieu));
-        return zone.isNull()
-            || (!coins.EstVide()
-                && !EstHors(coins.gauche - cote, coins.droite + cote, coins.haut - dessous, coins.bas + dessous));
-    }
-
-    void Trace(const Personne &enfant) const
-    {
-        const Personne *pere = enfant.ptrPere;
-        const Personne *mere = enfant.ptrMere;
-        if (pere && mere) {
-            if (pere->affichable && mere->affichable)
-                DeuxParents(enfant, *pere, *mere);
-        } else if (const Personne *parent = pere ? pere : mere; parent && parent->affichable) {
-            UnParent(enfant, *parent);
-        }
-    }
-
-private:
-    [[nodiscard]] bool EstHors(long gauche, long droite, long haut, long bas) const
-    {
-        if (zone.isNull())
-            return false;
-        const long bordX = epaisseur + 2L * rx + 1;
-        const long bordY = epaisseur + 2L * ry + 1;
-        return MinLI(gauche, droite) - bordX > zone.right() || MaxLI(gauche, droite) + bordX < zone.left()
-            || MinLI(haut, bas) - bordY > zone.bottom() || MaxLI(haut, bas) + bordY < zone.top();
-    }
-
-    void Ligne(long x1, long y1, long x2, long y2) const
-    {
-        peintre.drawLine(Coordonnee(x1), Coordonnee(y1), Coordonnee(x2), Coordonnee(y2));
-    }
-
-    /// Angles in sixteenths of a degree.
-    void Arc(long x, long y, int depart, int ouverture) const
-    {
-        peintre.drawArc(Coordonnee(x), Coordonnee(y), 2 * rx, 2 * ry, depart, ouverture);
-    }
-
-    void UnParent(const Personne &enfant, const Personne &parent) const
-    {
-        const long x = parent.x + demiLargeur;
-        const long bas = parent.y + hauteur;
-        if (!EstHors(x, x, bas, enfant.y))
-            Ligne(x, bas, x, enfant.y);
-    }
-
-    void DeuxParents(const Personne &enfant, const Personne &pere, const Personne &mere) const
-    {
-        constexpr int quart = 1440;
-        constexpr int aGauche = 2880;
-        constexpr int enHaut = 1440;
-        constexpr int enBas = 4320;
-        const long fx = pere.x + demiLargeur;
-        const long mx = mere.x + demiLargeur;
-        const long cx = (fx + mx) / 2;
-        const long bas = pere.y + hauteur;
-        const long milieu = pere.y + versMilieu;
-        if (EstHors(fx, mx, MinLI(MinLI(bas, milieu), enfant.y), MaxLI(MaxLI(bas, milieu), enfant.y)))
-            return;
-        Ligne(fx, bas, fx, milieu - ry);
-        Arc(fx, milieu - 2L * ry, aGauche, quart);
-        Ligne(fx + rx, milieu, cx - rx, milieu);
-        Arc(cx - 2L * rx, milieu, enHaut, -quart);
-        Ligne(cx, milieu + ry, cx, enfant.y);
-        Arc(cx, milieu, aGauche, -quart);
-        Ligne(cx + rx, milieu, mx - rx, milieu);
-        Ligne(mx - rx, milieu, mx - rx, milieu);
-        Arc(mx - 2L * rx, milieu - 2L * ry, enBas, quart);
-        Ligne(mx, milieu - ry, mx, bas);
-    }
-
-    QPainter &peintre;
-    QRect zone;
-    int epaisseur;
-    int rx;
-    int ry;
-    long demiLargeur;  ///< from a box's left edge to its middle
-    long hauteur;
-    long versMilieu;  ///< from a box's top edge to half-way between its row and the next
-};
-
-}  // namespace
+#include "zonemontree.h"
 
 void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                     const LesPolices &polices, bool arbreOuvert)
 {
     const QRect zone = ZoneMontree(*painter);
-    const Encombrement encombrement(painter->device(), sx, sy, formats, polices);
-    Parcourt([&](const Bloc &bloc) { return !encombrement.SontHorsDe(zone, bloc.coins, bloc.textes, true); },
-             [&](const Bloc &bloc) {
-                 for (Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante) {
-                     if (!personne->EstHorsDe(zone, encombrement))
-                         personne->Affiche(painter, sx, sy, impression, formats, polices, arbreOuvert);
-                 }
-             });
+    const Encombrement encombrement(painter->device(), sx, sy, formats, polices, arbreOuvert);
+    DebordsPeints *peints = index ? &index->Peints() : nullptr;
+    if (peints)
+        peints->CommencePour(encombrement);
+    const auto question = [&](const Bloc &bloc) {
+        return !encombrement.SontHorsDe(zone, bloc.coins, encombrement.DebordsDe(bloc.textes), true);
+    };
+    const auto affiche = [&](Personne &personne, std::size_t rang) {
+        const std::optional<Debords> connus = peints ? peints->Connus(rang) : std::nullopt;
+        const MesureTextes textes = personne.info && !connus ? personne.info->Mesure() : MesureTextes();
+        Coins coin;
+        coin.Ajoute(personne.x, personne.y);
+        if (encombrement.SontHorsDe(zone, coin, connus ? *connus : encombrement.DebordsDe(textes),
+                                    personne.FacteurPhoto() == 2))
+            return;
+        const QRect pris = personne.Affiche(painter, sx, sy, impression, formats, polices, arbreOuvert);
+        if (peints && !connus && !pris.isNull())
+            peints->Note(rang, encombrement.DebordsDe(pris, personne.x, personne.y));
+    };
+    Parcourt(question, [&affiche](const Bloc &bloc) {
+        std::size_t rang = bloc.rang;
+        for (Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante)
+            affiche(*personne, rang++);
+    });
     TraceLesLiaisons(painter, sx, sy, formats);
-}
-
-void Arbre::TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const
-{
-    const EtatPeintre etat(*painter);
-    painter->setPen(QPen(QBrush(formats.couleurTraits), LargeurDePlume(*painter, formats.EpaisseurPx(sx)),
-                         Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
-    painter->setBrush(Qt::NoBrush);
-    const TraceurDeLiaisons traceur(*painter, sx, sy, formats);
-    // The parents of the top generation cannot be in the tree.
-    bool estFini = false;
-    Parcourt([&](const Bloc &bloc) { return !estFini && traceur.PeutMontrer(bloc.coinsLies); },
-             [&](const Bloc &bloc) {
-                 for (const Personne *enfant = bloc.premiere; enfant != bloc.fin && !estFini;
-                      enfant = enfant->suivante) {
-                     estFini = enfant->numerogeneration == nombreGenerations - 1;
-                     if (!estFini)
-                         traceur.Trace(*enfant);
-                 }
-             });
 }

@@ -3,14 +3,20 @@
 #include "infopersonne.h"
 #include "personne.h"
 
-void Arbre::NoteLesPlaces()
+void Arbre::NoteLesPlaces(std::optional<MesuresDisposition> mesures)
 {
     index = std::make_unique<IndexDessin>(*this);
+    mesuresDesPlaces = mesures;
 }
 
 void Arbre::OublieLesPlaces()
 {
     index.reset();
+}
+
+bool Arbre::EstPlaceAvec(const MesuresDisposition &mesures) const
+{
+    return index && mesuresDesPlaces == mesures && index->RienNaChange(*this);
 }
 
 void Arbre::TextesChanges(const Personne &personne)

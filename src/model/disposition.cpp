@@ -25,6 +25,12 @@ void PlaceLesPersonnes(Arbre &arbre, const MesuresDisposition &mesures)
 
 void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY)
 {
-    PlaceLesPersonnes(arbre, MesuresDisposition(formats, echelleX, echelleY));
-    arbre.NoteLesPlaces();
+    const MesuresDisposition mesures(formats, echelleX, echelleY);
+    PlaceLesPersonnes(arbre, mesures);
+    arbre.NoteLesPlaces(mesures);
+}
+
+bool EstDispose(const Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY)
+{
+    return arbre.EstPlaceAvec(MesuresDisposition(formats, echelleX, echelleY));
 }

@@ -11,3 +11,7 @@ struct FormatsDessins;
 /// parents in another order than their children, lengths that are not positive) might never come to rest: there the
 /// corrections stop after 100 passes.
 void DisposeArbre(Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY);
+
+/// True when DisposeArbre would leave everybody where they are: it ran last with the same lengths, and nothing that it looks
+/// at has changed since. O(n).
+[[nodiscard]] bool EstDispose(const Arbre &arbre, const FormatsDessins &formats, float echelleX, float echelleY);

@@ -6,6 +6,7 @@
 
 #include <QFontMetrics>
 #include <QPaintDevice>
+#include <QPaintEngine>
 
 #include <cstdlib>
 
@@ -16,8 +17,7 @@ constexpr long ecartSelection = 3;
 
 QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
 {
-    const QFont dessinable = PoliceDessinable(police);
-    return appareil ? QFontMetrics(dessinable, appareil) : QFontMetrics(dessinable);
+    return appareil ? QFontMetrics(police, appareil) : QFontMetrics(police);
 }
 
 }  // namespace
@@ -44,28 +44,49 @@ bool Coins::Contient(long x, long y) const
 }
 
 Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, const FormatsDessins &formats,
-                           const LesPolices &polices)
-    : largeurCadre(MaxLI(Px(formats.largeurCadre, sx), 1))
+                           const LesPolices &polices, bool arbreOuvert)
+    : appareilVu(appareil && appareil->paintEngine() ? appareil->paintEngine()->type() : -1)
+    , pointsParPouceX(appareil ? appareil->logicalDpiX() : 0)
+    , pointsParPouceY(appareil ? appareil->logicalDpiY() : 0)
+    , finesse(appareil ? appareil->devicePixelRatioF() : 1.0)
+    , texteEntier(arbreOuvert)
+    , policeNumeros(PoliceDessinable(polices.policeNumeros))
+    , policeTextes(PoliceDessinable(polices.policeTextes))
+    , largeurCadre(MaxLI(Px(formats.largeurCadre, sx), 1))
     , hauteurCadre(MaxLI(Px(formats.hauteurCadre, sy), 1))
     , tour(ecartSelection + formats.EpaisseurPx(sx) + 1)
     , ecartPhoto(EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000))
-    , basDuNumero(2 * Mesures(polices.policeNumeros, appareil).height())
-    , margeTextes(std::abs(Px(formats.margeDansCadre, sx)))
-    , largeurTextes(MaxLI(largeurCadre - 2 * Px(formats.margeDansCadre, sx), 1))
-    , hauteurLigne(Mesures(polices.policeTextes, appareil).height() + 2)
+    , margeTextes(Px(formats.margeDansCadre, sx))
+    , largeurTextes(MaxLI(largeurCadre - 2 * margeTextes, 1))
+    , hauteurNumero(Mesures(policeNumeros, appareil).height())
+    , hauteurLigne(Mesures(policeTextes, appareil).height() + 2)
+    , coteDuNumero(std::abs(margeTextes) + MaxLI(0, (chiffresDuPlusGrandNumero * hauteurNumero - largeurTextes) / 2))
 {
-    coteDuNumero = margeTextes + MaxLI(0, (chiffresDuPlusGrandNumero * basDuNumero / 2 - largeurTextes) / 2);
 }
 
-bool Encombrement::SontHorsDe(const QRect &zone, const Coins &coins, const MesureTextes &textes, bool avecPhoto) const
+Debords Encombrement::DebordsDe(const MesureTextes &textes) const
+{
+    // The number may need a font of another size where its own has no digits.
+    return {.dessous = 2 * hauteurNumero + textes.lignes * hauteurLigne,
+            .cotes =
+                MaxLI(coteDuNumero, std::abs(margeTextes) + (textes.plusLongMot * hauteurLigne - largeurTextes) / 2)};
+}
+
+Debords Encombrement::DebordsDe(const QRect &peints, long x, long y) const
+{
+    // Letters may lean over the place that their line takes.
+    return {.dessous = peints.bottom() - y + hauteurLigne,
+            .cotes = MaxLI(x - peints.left(), peints.right() - (x + largeurCadre)) + hauteurLigne};
+}
+
+bool Encombrement::SontHorsDe(const QRect &zone, const Coins &coins, const Debords &debords, bool avecPhoto) const
 {
     if (zone.isNull())
         return false;
-    const long cotes =
-        tour + MaxLI(coteDuNumero, margeTextes + (textes.plusLongMot * hauteurLigne - largeurTextes) / 2);
+    const long cotes = tour + MaxLI(debords.cotes, 0);
     const long photo = avecPhoto ? 2 * largeurCadre + MaxLI(ecartPhoto, 0) + tour : 0;
-    const long dessous = MaxLI(hauteurCadre, basDuNumero + textes.lignes * hauteurLigne) + tour;
-    return coins.gauche - cotes + MinLI(ecartPhoto, 0) > zone.right()
+    const long dessous = MaxLI(hauteurCadre, debords.dessous) + tour;
+    return coins.gauche - cotes + (avecPhoto ? MinLI(ecartPhoto, 0) : 0) > zone.right()
         || coins.droite + MaxLI(largeurCadre + cotes, photo) < zone.left() || coins.haut - tour > zone.bottom()
         || coins.bas + dessous < zone.top();
 }

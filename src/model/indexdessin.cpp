@@ -37,6 +37,8 @@ void AjouteLesLiens(Coins &coins, const Personne &enfant)
 }  // namespace
 
 IndexDessin::IndexDessin(const Arbre &arbre)
+    : nombreGenerations(arbre.nombreGenerations)
+    , peints(0)
 {
     bool avecLiens = true;
     int place = personnesParBloc;
@@ -45,13 +47,14 @@ IndexDessin::IndexDessin(const Arbre &arbre)
         if (++place > personnesParBloc || autreRangee) {
             if (!blocs.empty())
                 blocs.back().fin = personne;
-            blocs.push_back({.premiere = personne});
+            blocs.push_back({.premiere = personne, .rang = avecPhoto.size()});
             place = 1;
         }
         avecLiens = avecLiens && personne->numerogeneration != arbre.nombreGenerations - 1;
         Range(personne, avecLiens);
     }
     RassembleLesBlocs();
+    peints = DebordsPeints(avecPhoto.size());
 }
 
 void IndexDessin::Range(Personne *personne, bool avecLiens)
@@ -62,6 +65,19 @@ void IndexDessin::Range(Personne *personne, bool avecLiens)
         AjouteLesLiens(bloc.coinsLies, *personne);
     if (personne->info)
         Elargit(bloc.textes, personne->info->Mesure());
+    avecPhoto.push_back(personne->FacteurPhoto() == 2);
+}
+
+bool IndexDessin::RienNaChange(const Arbre &arbre) const
+{
+    if (arbre.nombreGenerations != nombreGenerations)
+        return false;
+    auto avait = avecPhoto.begin();
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante, ++avait) {
+        if (*avait != (personne->FacteurPhoto() == 2))
+            return false;
+    }
+    return true;
 }
 
 void IndexDessin::RassembleLesBlocs()
@@ -90,19 +106,28 @@ void IndexDessin::Parcourt(const Question &question, const Visite &visite) const
     }
 }
 
+void IndexDessin::OublieLePeint(const Bloc &bloc, const Personne &changee)
+{
+    std::size_t rang = bloc.rang;
+    for (const Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante, ++rang) {
+        if (personne == &changee)
+            peints.Oublie(rang);
+    }
+}
+
 void IndexDessin::TextesChanges(const Personne &personne)
 {
-    if (!personne.info)
-        return;
+    const MesureTextes mesure = personne.info ? personne.info->Mesure() : MesureTextes();
     // Blocks that only might hold the person become larger too: they are looked at once more than needed.
-    const MesureTextes mesure = personne.info->Mesure();
     for (Groupe &groupe : groupes) {
         if (!groupe.tous.coins.Contient(personne.x, personne.y))
             continue;
         Elargit(groupe.tous.textes, mesure);
         for (std::size_t i = groupe.premier; i < groupe.fin; ++i) {
-            if (blocs[i].coins.Contient(personne.x, personne.y))
-                Elargit(blocs[i].textes, mesure);
+            if (!blocs[i].coins.Contient(personne.x, personne.y))
+                continue;
+            Elargit(blocs[i].textes, mesure);
+            OublieLePeint(blocs[i], personne);
         }
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "debordspeints.h"
 #include "encombrement.h"
 
 #include <functional>
@@ -12,6 +13,7 @@ class Personne;
 struct Bloc
 {
     Personne *premiere = nullptr;
+    std::size_t rang = 0;           ///< of the first one in the list
     const Personne *fin = nullptr;  ///< behind the last one; none at the end of the list
     Coins coins{};                  ///< of their boxes
     Coins coinsLies{};              ///< of the boxes of those who have parents, and of these parents
@@ -26,6 +28,10 @@ class IndexDessin
 public:
     explicit IndexDessin(const Arbre &arbre);
 
+    /// True while \a arbre counts as many generations as at the construction, and the same persons have a photo beside
+    /// their boxes: what a layout looks at and that changes without a person moving, coming or going.
+    [[nodiscard]] bool RienNaChange(const Arbre &arbre) const;
+
     using Question = std::function<bool(const Bloc &)>;
     using Visite = std::function<void(const Bloc &)>;
     /// Visits in list order the blocks that answer \a question with true. A question that is true for some persons must be
@@ -33,6 +39,7 @@ public:
     void Parcourt(const Question &question, const Visite &visite) const;
     /// To be called when the texts of \a personne, of the list, changed.
     void TextesChanges(const Personne &personne);
+    [[nodiscard]] DebordsPeints &Peints() { return peints; }
 
 private:
     /// Blocks that follow one another, as one.
@@ -45,7 +52,11 @@ private:
 
     void Range(Personne *personne, bool avecLiens);
     void RassembleLesBlocs();
+    void OublieLePeint(const Bloc &bloc, const Personne &changee);
 
     std::vector<Bloc> blocs;
     std::vector<Groupe> groupes;
+    unsigned short nombreGenerations;
+    DebordsPeints peints;
+    std::vector<bool> avecPhoto;  ///< in list order
 };

@@ -1,7 +1,6 @@
 #include "infopersonne.h"
 
-#include <QFileInfo>
-#include <QImageReader>
+#include "photos.h"
 
 #include <limits>
 
@@ -28,13 +27,7 @@ InfoPersonne::InfoPersonne()
 
 bool InfoPersonne::ChargePhoto(const QString &dossier)
 {
-    photo = QImage();
-    const QString chemin = dossier + u'/' + ficphoto;
-    if (chemin.contains(QChar(QChar::Null)) || !QFileInfo(chemin).isFile())
-        return false;
-    QImageReader lecteur(chemin);
-    lecteur.setAutoTransform(true);
-    photo = lecteur.read();
+    photo = LitPhoto(dossier + u'/' + ficphoto);
     return !photo.isNull();
 }
 

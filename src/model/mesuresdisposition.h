@@ -16,6 +16,8 @@ struct MesuresDisposition
     {
     }
 
+    bool operator==(const MesuresDisposition &) const = default;
+
     /// Taken by a person in its row, the gap to the next box included.
     [[nodiscard]] long Largeur(const Personne &personne) const
     {

@@ -5,7 +5,6 @@
 
 #include <cstddef>
 
-class Encombrement;
 class InfoPersonne;
 class QPainter;
 struct FormatsDessins;
@@ -30,28 +29,27 @@ public:
 
     /// Draws box, number, texts, photo and selection mark at the scales \a sx and \a sy (pixels per millimetre).
     /// \a impression leaves the selection mark out; \a arbreOuvert false is the reduced display: no frame, photo,
-    /// places nor remark. Texts that do not fit run over the frame. The painter's state is left as it was.
-    void Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
-                 const LesPolices &polices, bool arbreOuvert);
+    /// places nor remark. Texts that do not fit run over the frame. The painter's state is left as it was. Returns the
+    /// rectangle that the lines of the texts took, the number's included; null when nothing was drawn.
+    QRect Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
+                  const LesPolices &polices, bool arbreOuvert);
     /// Draws the photo to the right of the box; scales its copy for the screen or the printer when there is none yet.
     void AffichePhoto(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats);
     /// Draws (\a trace true, blue) or erases (false, white) the dashed mark around the box.
     void TraceSelection(QPainter *painter, float sx, float sy, bool trace, const FormatsDessins &formats) const;
     /// True when the point (pixels) lies strictly inside the box; its border and the photo do not count.
     [[nodiscard]] bool EstClique(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
-    /// True when nothing that Affiche may draw lies in \a zone; a null zone is everything.
-    [[nodiscard]] bool EstHorsDe(const QRect &zone, const Encombrement &encombrement) const;
 
     quint64 numero = 0;
     unsigned short numerogeneration;  ///< 0 for the root, child's + 1 for a parent
+    bool affichable = true;           ///< false: skipped by all drawing
+    bool selectionnee = false;
     quint64 pere = 0;                 ///< number of the father, 0 when there is none
     quint64 mere = 0;                 ///< number of the mother, 0 when there is none
     quint64 enfant = 0;               ///< number of the child, 0 for the root
     long x = 0;                       ///< left edge of the box, in pixels of the device laid out for
     long y = 0;                       ///< top edge of the box
     InfoPersonne *info = nullptr;     ///< owned
-    bool affichable = true;           ///< false: skipped by all drawing
-    bool selectionnee = false;
     Personne *suivante = nullptr;  ///< owned: the rest of the list
     Personne *precedente = nullptr;
     Personne *ptrPere = nullptr;

@@ -17,14 +17,33 @@ constexpr int normal = 50;
 constexpr int ecartSelection = 3;
 constexpr int rondeurMax = 99;
 
-/// Writes \a texte at the top of \a cadre, centred, whole words to a line; returns the height that it took.
-int EcritLigne(QPainter &peintre, const QRect &cadre, const QString &texte)
+/// Texts one below the other in a box; what does not fit runs over its frame.
+class ColonneDeTextes
 {
-    const int drapeaux = Qt::AlignHCenter | Qt::TextWordWrap;
-    QRect mesure;
-    peintre.drawText(cadre, drapeaux | Qt::TextDontClip, texte, &mesure);
-    return mesure.height();
-}
+public:
+    ColonneDeTextes(QPainter &surQuoi, const QRect &unCadre)
+        : peintre(surQuoi)
+        , cadre(unCadre)
+    {
+    }
+
+    void Ecrit(const QString &texte, int drapeaux)
+    {
+        QRect mesure;
+        peintre.drawText(cadre, drapeaux | Qt::AlignHCenter | Qt::TextDontClip, texte, &mesure);
+        cadre.moveTop(cadre.top() + mesure.height());
+        pris |= mesure;
+    }
+    void EcritLigne(const QString &texte) { Ecrit(texte, Qt::TextWordWrap); }
+
+    /// The rectangle that the lines take so far.
+    [[nodiscard]] QRect Prise() const { return pris; }
+
+private:
+    QPainter &peintre;
+    QRect cadre;  ///< what is left of the box, for the next text
+    QRect pris;
+};
 
 QString NomComplet(const InfoPersonne &info)
 {
@@ -46,7 +65,8 @@ QStringList DatesEtLieux(const InfoPersonne &info, bool avecLieux)
     return lignes;
 }
 
-void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const LesPolices &polices, bool arbreOuvert)
+void EcritTextes(QPainter &peintre, ColonneDeTextes &colonne, const InfoPersonne &info, const LesPolices &polices,
+                 bool arbreOuvert)
 {
     const QFont textes = PoliceDessinable(polices.policeTextes);
     const QString famille = textes.family();
@@ -55,14 +75,14 @@ void EcritTextes(QPainter &peintre, QRect cadre, const InfoPersonne &info, const
     const QString nom = NomComplet(info);
     if (!nom.isEmpty()) {
         peintre.setFont(FaitPolice(famille, taille, gras));
-        cadre.moveTop(cadre.top() + EcritLigne(peintre, cadre, nom));
+        colonne.EcritLigne(nom);
     }
     peintre.setFont(FaitPolice(famille, taille, normal));
     for (const QString &ligne : DatesEtLieux(info, arbreOuvert))
-        cadre.moveTop(cadre.top() + EcritLigne(peintre, cadre, ligne));
+        colonne.EcritLigne(ligne);
     if (arbreOuvert && !info.divers.isEmpty()) {
         peintre.setFont(FaitPolice(famille, taille, normal, true));
-        EcritLigne(peintre, cadre, info.divers);
+        colonne.EcritLigne(info.divers);
     }
 }
 
@@ -79,11 +99,11 @@ QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
 
 }  // namespace
 
-void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
-                       const LesPolices &polices, bool arbreOuvert)
+QRect Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
+                        const LesPolices &polices, bool arbreOuvert)
 {
     if (!affichable)
-        return;
+        return {};
     const EtatPeintre etat(*painter);
     const long largeur = MaxLI(Px(formats.largeurCadre, sx), 1);
     const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
@@ -100,15 +120,16 @@ void Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, c
 
     painter->setPen(polices.couleurCaracteres);
     painter->setFont(PoliceDessinable(polices.policeNumeros));
-    QRect textes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)), Coordonnee(hauteur));
-    QRect mesureNumero;
-    painter->drawText(textes, Qt::AlignHCenter | Qt::TextDontClip, QString::number(numero), &mesureNumero);
-    if (!info)
-        return;
-    if (arbreOuvert)
-        AffichePhoto(painter, sx, sy, impression, formats);
-    textes.moveTop(textes.top() + mesureNumero.height());
-    EcritTextes(*painter, textes, *info, polices, arbreOuvert);
+    const QRect cadreDesTextes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)),
+                               Coordonnee(hauteur));
+    ColonneDeTextes colonne(*painter, cadreDesTextes);
+    colonne.Ecrit(QString::number(numero), 0);
+    if (info) {
+        if (arbreOuvert)
+            AffichePhoto(painter, sx, sy, impression, formats);
+        EcritTextes(*painter, colonne, *info, polices, arbreOuvert);
+    }
+    return colonne.Prise();
 }
 
 void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats)

@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QPainter>
 
+#include <functional>
 #include <random>
 
 namespace {
@@ -32,6 +33,18 @@ QStringList Dessin(Arbre &arbre, const Presentation &presentation, const QRect &
     peintre.setClipRect(zone);
     arbre.Affiche(&peintre, sx, sy, false, presentation.formats, presentation.polices, true);
     return dessin.EnTexte();
+}
+
+/// What is seen in \a zone.
+QImage Image(Arbre &arbre, const Presentation &presentation, const QRect &zone)
+{
+    QImage image(zone.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter peintre(&image);
+    peintre.translate(-zone.topLeft());
+    peintre.setClipRect(zone);
+    arbre.Affiche(&peintre, sx, sy, false, presentation.formats, presentation.polices, true);
+    return image;
 }
 
 /// The first person of the list whose box holds the point, by a walk along the list.
@@ -71,7 +84,7 @@ QList<QRect> ZonesAuHasard(const Arbre &arbre, quint32 graine, int nombre)
         return mini + static_cast<int>(hasard() % static_cast<quint32>(maxi - mini + 1));
     };
     const QRect feuille = Feuille(arbre);
-    QList<QRect> zones{feuille};
+    QList<QRect> zones{QRect(feuille.topLeft(), feuille.size().boundedTo(QSize(3000, 2000)))};
     while (zones.size() < nombre) {
         zones += QRect(entre(feuille.left() - 50, feuille.right()), entre(feuille.top() - 50, feuille.bottom()),
                        entre(1, 1000), entre(1, 700));
@@ -125,6 +138,10 @@ private Q_SLOTS:
     void quiVientOuPartEstVu();
     void tousDeplacesTousDessines();
     void aucunLienAuDelaDeLaPremierePersonneDEnHaut();
+    void uneAutrePresentationOublieLesTextesPeints();
+    void quiAEteDessineNeLEstPlusPourRien();
+    void quandUneDispositionNeChangeraitRien_data();
+    void quandUneDispositionNeChangeraitRien();
 
 private:
     static void Compare(Arbre &arbre, quint32 graine);
@@ -135,16 +152,19 @@ void TestPlaces::Compare(Arbre &arbre, quint32 graine)
 {
     const Presentation presentation;
     const QList<QRect> zones = ZonesAuHasard(arbre, graine, 25);
-    QList<QStringList> dessins;
+    QList<QImage> images;
     QList<quint64> cliques;
     for (const QRect &zone : zones) {
-        dessins += Dessin(arbre, presentation, zone);
+        images += Image(arbre, presentation, zone);
         for (const QPoint point : {zone.center(), zone.topLeft(), zone.bottomRight()})
             cliques += NumeroClique(arbre, presentation, point);
     }
+    // By now the tree knows what the texts took.
+    for (qsizetype i = 0; i < zones.size(); ++i)
+        QCOMPARE(Image(arbre, presentation, zones.at(i)), images.at(i));
     arbre.OublieLesPlaces();
     for (const QRect &zone : zones) {
-        QCOMPARE(dessins.takeFirst(), Dessin(arbre, presentation, zone));
+        QCOMPARE(images.takeFirst(), Image(arbre, presentation, zone));
         for (const QPoint point : {zone.center(), zone.topLeft(), zone.bottomRight()})
             QCOMPARE(cliques.takeFirst(), NumeroSous(arbre, presentation, point));
     }
@@ -271,6 +291,89 @@ void TestPlaces::aucunLienAuDelaDeLaPremierePersonneDEnHaut()
     DisposeArbre(*arbre, presentation.formats, sx, sy);
     const QStringList dessin = Dessin(*arbre, presentation, QRect(-5000, -5000, 10000, 10000));
     QCOMPARE(dessin.filter(QStringLiteral("arc ")).size(), 4);
+}
+
+void TestPlaces::uneAutrePresentationOublieLesTextesPeints()
+{
+    const auto arbre = ArbreDeNumeros({1, 2});
+    Presentation presentation;
+    arbre->premiere->info->divers = QString(12, u'M').replace(u'M', QStringLiteral("Marie "));
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    const QRect dessous(static_cast<int>(arbre->premiere->x), static_cast<int>(arbre->premiere->y) + 400, 100, 50);
+    const QRect tout(-500, -500, 2000, 2000);
+    QVERIFY(Dessin(*arbre, presentation, tout).contains(QStringLiteral("texte 1")));
+    QCOMPARE(Dessin(*arbre, presentation, dessous), QStringList());
+    presentation.polices.policeTextes = FaitPolice(QStringLiteral("Liberation Serif"), 40, 50);
+    QVERIFY(Dessin(*arbre, presentation, dessous).join(u'\n').contains(QStringLiteral("Marie")));
+}
+
+void TestPlaces::quiAEteDessineNeLEstPlusPourRien()
+{
+    // Ten short words might take ten lines, and take four.
+    const auto arbre = ArbreDeNumeros({1});
+    const Presentation presentation;
+    arbre->premiere->info->divers = QStringLiteral("a b c d e f g h i j k l");
+    arbre->premiere->x = 100;
+    arbre->premiere->y = 100;
+    arbre->NoteLesPlaces();
+    const QRect dessous(100, 230, 60, 40);
+    QVERIFY(Dessin(*arbre, presentation, dessous).contains(QStringLiteral("texte 1")));
+    QCOMPARE(Dessin(*arbre, presentation, dessous), QStringList());
+    arbre->TextesChanges(*arbre->premiere);
+    QVERIFY(Dessin(*arbre, presentation, dessous).contains(QStringLiteral("texte 1")));
+}
+
+using Changement = std::function<void(Arbre &, Presentation &)>;
+
+void TestPlaces::quandUneDispositionNeChangeraitRien_data()
+{
+    QTest::addColumn<Changement>("change");
+    QTest::addColumn<bool>("estDispose");
+    const auto ligne = [](const char *nom, bool estDispose, const Changement &change) {
+        QTest::newRow(nom) << change << estDispose;
+    };
+    ligne("rien", true, [](Arbre &, Presentation &) {});
+    ligne("un texte", true, [](Arbre &arbre, Presentation &) { arbre.premiere->info->nom = QStringLiteral("X"); });
+    ligne("une couleur", true, [](Arbre &, Presentation &p) { p.formats.couleurTraits = Qt::red; });
+    ligne("une photo préparée", true,
+          [](Arbre &arbre, Presentation &) { Trouve(arbre, 2)->info->etatPhoto = InfoPersonne::PhotoPourEcran; });
+    ligne("une photo de plus", false,
+          [](Arbre &arbre, Presentation &) { Trouve(arbre, 3)->info->etatPhoto = InfoPersonne::PhotoChargee; });
+    ligne("une photo de moins", false,
+          [](Arbre &arbre, Presentation &) { Trouve(arbre, 2)->info->etatPhoto = InfoPersonne::PhotoAbsente; });
+    ligne("une photo à un autre", false, [](Arbre &arbre, Presentation &) {
+        std::swap(Trouve(arbre, 2)->info->etatPhoto, Trouve(arbre, 3)->info->etatPhoto);
+    });
+    ligne("la largeur des cadres", false, [](Arbre &, Presentation &p) { p.formats.largeurCadre += 1; });
+    ligne("la hauteur des cadres", false, [](Arbre &, Presentation &p) { p.formats.hauteurCadre += 1; });
+    ligne("la marge", false, [](Arbre &, Presentation &p) { p.formats.margeGenerale += 1; });
+    ligne("l'écart", false, [](Arbre &, Presentation &p) { p.formats.distMinHoriz += 1; });
+    ligne("une génération", false, [](Arbre &arbre, Presentation &) { ++arbre.nombreGenerations; });
+    ligne("une personne de plus", false,
+          [](Arbre &arbre, Presentation &) { arbre.AjoutePersonne(Trouve(arbre, 3), true); });
+    ligne("une personne de moins", false, [](Arbre &arbre, Presentation &) {
+        arbre.selection = Trouve(arbre, 3);
+        arbre.SupprimePersonne();
+    });
+    ligne("liens retrouvés", false, [](Arbre &arbre, Presentation &) { arbre.DetermineLiensDeParente(); });
+    ligne("places oubliées", false, [](Arbre &arbre, Presentation &) { arbre.OublieLesPlaces(); });
+    ligne("places d'une autre main", false, [](Arbre &arbre, Presentation &) { arbre.NoteLesPlaces(); });
+}
+
+void TestPlaces::quandUneDispositionNeChangeraitRien()
+{
+    QFETCH(const Changement, change);
+    QFETCH(const bool, estDispose);
+    Presentation presentation;
+    const auto arbre = ArbreDeNumeros({1, 2, 3});
+    Trouve(*arbre, 2)->info->etatPhoto = InfoPersonne::PhotoChargee;
+    QVERIFY(!EstDispose(*arbre, presentation.formats, sx, sy));
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    QVERIFY(!EstDispose(*arbre, presentation.formats, 2 * sx, sy));
+    change(*arbre, presentation);
+    QCOMPARE(EstDispose(*arbre, presentation.formats, sx, sy), estDispose);
+    DisposeArbre(*arbre, presentation.formats, sx, sy);
+    QVERIFY(EstDispose(*arbre, presentation.formats, sx, sy));
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestPlaces)

@@ -1,5 +1,7 @@
 #include "boites.h"
 
+#include "curseurattente.h"
+
 #include <QAbstractButton>
 #include <QPushButton>
 
@@ -9,6 +11,7 @@ namespace {
 
 void Montre(QWidget *parent, QMessageBox::Icon icone, const QString &titre, const QString &texte)
 {
+    const CurseurRendu curseur;
     QMessageBox boite(icone, titre, texte, QMessageBox::Ok, parent);
     boite.setTextFormat(Qt::PlainText);
     boite.exec();
@@ -29,6 +32,7 @@ void Avertissement(QWidget *parent, const QString &titre, const QString &texte)
 int Demande(QWidget *parent, QMessageBox::Icon icone, const QString &titre, const QString &texte,
             const QStringList &boutons, int defaut, int echappement)
 {
+    const CurseurRendu curseur;
     QMessageBox boite(icone, titre, texte, QMessageBox::NoButton, parent);
     boite.setTextFormat(Qt::PlainText);
     QList<QPushButton *> poses;

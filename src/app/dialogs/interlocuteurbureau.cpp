@@ -1,6 +1,7 @@
 #include "interlocuteurbureau.h"
 
 #include "boites.h"
+#include "curseurattente.h"
 #include "dlgindrac.h"
 #include "dlgsexrac.h"
 
@@ -16,6 +17,7 @@ void InterlocuteurBureau::Avertissement(const QString &titre, const QString &tex
 
 std::optional<QString> InterlocuteurBureau::ChoisitRacine(QWidget *parent, const QStringList &individus)
 {
+    const CurseurRendu curseur;
     DlgIndRac dialogue(parent);
     dialogue.IndividuChoisi->clear();
     dialogue.ListeDesIndividus->addItems(individus);
@@ -26,6 +28,7 @@ std::optional<QString> InterlocuteurBureau::ChoisitRacine(QWidget *parent, const
 
 bool InterlocuteurBureau::RacineMasculine(QWidget *parent)
 {
+    const CurseurRendu curseur;
     DlgSexRac dialogue(parent);
     dialogue.exec();  // whatever closes it, the answer is the button that is checked
     return dialogue.radioButtonM->isChecked();

@@ -1,6 +1,7 @@
 #include "ramelierdoc.h"
 
 #include "arbre.h"
+#include "curseurattente.h"
 #include "disposition.h"
 #include "personne.h"
 
@@ -8,8 +9,10 @@
 
 void RamelierDoc::PositionneLesPersonnes(float echelleX, float echelleY)
 {
-    if (arbre)
-        DisposeArbre(*arbre, formats, echelleX, echelleY);
+    if (!arbre || EstDispose(*arbre, formats, echelleX, echelleY))
+        return;
+    const CurseurAttente attente;
+    DisposeArbre(*arbre, formats, echelleX, echelleY);
 }
 
 void RamelierDoc::DecalerAncetres(Personne *personne, long dx)

@@ -2,6 +2,7 @@
 
 #include "arbre.h"
 #include "assemblage.h"
+#include "curseurattente.h"
 #include "gedcomexport.h"
 #include "gedcomimport.h"
 #include "personne.h"
@@ -40,6 +41,7 @@ void RamelierDoc::PrepareImportGED()
 
 int RamelierDoc::ImporteDeGED(QWidget *parent, const QString &fileName)
 {
+    const CurseurAttente attente;
     initPolicesEtTraits(QString());
     CommenceUnArbreSansFichier(QStringLiteral("Généalogie importée de ") + QFileInfo(fileName).fileName());
     importGED = true;
@@ -55,6 +57,7 @@ int RamelierDoc::ImporteDeGED(QWidget *parent, const QString &fileName)
 
 bool RamelierDoc::exporteVersGED(QWidget *parent, const QString &fileName)
 {
+    const CurseurAttente attente;
     if (arbre)
         ExporterVersFichierGEDCOM(parent, fileName, arbre, nomFichier);
     return true;
@@ -75,6 +78,7 @@ Personne *RamelierDoc::CopiePourAssemblage(Personne *source, bool estPere, QStri
 
 bool RamelierDoc::AssembleDeuxArbres(QWidget * /*parent*/, QString &repertoire)
 {
+    const CurseurAttente attente;
     initPolicesEtTraits(QString());
     creationEnCours = false;
     SupprimeArbre();

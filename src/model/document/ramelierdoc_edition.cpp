@@ -7,6 +7,7 @@
 #include "dlgpers.h"
 #include "infopersonne.h"
 #include "personne.h"
+#include "photos.h"
 
 #include <limits>
 #include <vector>
@@ -45,6 +46,7 @@ void RechargePhoto(InfoPersonne &info, const QString &repertoire)
     info.etatPhoto = InfoPersonne::PhotoNonEssayee;
     if (!info.ficphoto.isEmpty())
         info.etatPhoto = info.ChargePhoto(repertoire) ? InfoPersonne::PhotoChargee : InfoPersonne::PhotoAbsente;
+    OublieLesPhotosInutiles();
 }
 
 /// The person whose parent \a parent is, or none.

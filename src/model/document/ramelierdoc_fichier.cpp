@@ -1,6 +1,7 @@
 #include "ramelierdoc.h"
 
 #include "arbre.h"
+#include "curseurattente.h"
 #include "ficarbre.h"
 #include "ficoptions.h"
 #include "ficxrlg.h"
@@ -14,6 +15,7 @@ int RamelierDoc::OuvreFichierArbre(const QString &fileName, QString &repertoire)
 
 int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode)
 {
+    const CurseurAttente attente;
     const QString nom = fileName;  // may be our own nomFichier
     if (arbre) {
         SupprimeArbre();
@@ -47,6 +49,7 @@ int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fic
 
 bool RamelierDoc::save(QString &fichierOptions)
 {
+    const CurseurAttente attente;
     if (!arbre || !writeFicXRLG(nomFichier, arbre))
         return false;
     modifie = false;
@@ -60,6 +63,7 @@ bool RamelierDoc::saveAs(const QString &fileName, QString &fichierOptions, bool 
 {
     if (!arbre)
         return false;
+    const CurseurAttente attente;
     const bool ancien = typeFichier == 1 || typeFichier == 3;
     typeFichier = 4;
     if (!writeFicXRLG(fileName, arbre)) {
