@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstddef>
+#include "tabledisposition.h"
+
 #include <vector>
 
 class Arbre;
@@ -12,7 +13,8 @@ struct MesuresDisposition;
 /// moved. Everybody else would stay where they are.
 ///
 /// On a tree grown at random the number of passes grows with that of the persons, and what they move with its square, so
-/// that the tables are kept plain: positions and neighbours in list order, no branch that depends on a person.
+/// that the tables are kept plain: positions and neighbours in list order, no branch that depends on a person. The same
+/// passes by eight neighbours at a time are CorrigeParHuit's.
 class DispositionRapide
 {
 public:
@@ -21,26 +23,27 @@ public:
     /// Generations in order, all counted; every parent one generation above its child, and parents in the order of their
     /// children; lengths positive. Otherwise the passes might never end.
     [[nodiscard]] bool EstBienFormee() const { return bienFormee; }
-    /// Precondition: EstBienFormee().
-    void Execute();
+    /// Precondition: EstBienFormee(). After \a correctionsUneAUne passes the others are made by eight where that can
+    /// be: the positions are the same, but the tables for it only pay where many passes are left.
+    void Execute(int correctionsUneAUne = 4);
 
 private:
-    using Rang = std::size_t;
+    using Rang = TableDisposition::Rang;
+    using Rangee = TableDisposition::Rangee;
 
-    struct Rangee
+    /// Where a pass works in a row.
+    struct Front
     {
-        Rang debut;
-        Rang fin;
         Rang premierDecale = 0;  ///< from here on the last pass moved ancestors
-        Rang premierBouge = 0;   ///< from here on this pass moved somebody; fin: nobody
+        Rang premierBouge = 0;   ///< from here on this pass moved somebody; the row's end: nobody
     };
 
     void PoseLesPersonnes();
     void RelieLesParents();
     [[nodiscard]] bool Relie(const Personne &enfant, const Personne *parent, Rang &dernierParent);
     void PremierePasse();
-    void Correction();
-    void CorrigeRangee(Rangee &rangee, Rang depuis);
+    bool CorrigeUneAUne();
+    void CorrigeRangee(const Rangee &rangee, Front &front, Rang depuis);
     bool Corrige(Rang i, long &libre);
     bool ReporteLesDecalages();
     [[nodiscard]] Rang PremierParentApres(Rang i, Rang fin, Rang sinon) const;
@@ -50,12 +53,7 @@ private:
     Arbre &arbre;
     const MesuresDisposition &mesures;
     bool bienFormee = true;
-    // One entry a person, in list order.
-    std::vector<long> x;
-    std::vector<long> decalages;       ///< by how much this pass still has to move every ancestor
-    std::vector<int> premiersParents;  ///< the person itself where it has no parent
-    std::vector<int> secondsParents;   ///< as the first where there is only one
-    std::vector<int> enfants;          ///< where there is none, an entry behind all others that never moves
-    std::vector<int> largeurs;         ///< taken in the row, the gap to the next box included
-    std::vector<Rangee> rangees;       ///< by generation
+    TableDisposition table;
+    std::vector<Front> fronts;    ///< by generation
+    std::vector<long> decalages;  ///< by person: how much this pass still has to move every ancestor
 };

@@ -1,13 +1,16 @@
 #include "arbre.h"
 #include "arbres.h"
 #include "disposition.h"
+#include "dispositionrapide.h"
 #include "environnement.h"
 #include "formatsdessins.h"
 #include "infopersonne.h"
+#include "mesuresdisposition.h"
 #include "personne.h"
 
 #include <QGuiApplication>
 
+#include <limits>
 #include <random>
 
 namespace {
@@ -145,6 +148,8 @@ enum class Croissance {
     ParGeneration,  ///< everybody has parents with the same chance
     Attaches,       ///< each new person is a parent of anybody who lacks one: the corrections last long
     EnLignes,       ///< long lines with few branches
+    EnPeigne,       ///< one line as long as numbers go, a short one at each of its persons
+    UneLigne,       ///< nobody has two parents
 };
 
 /// How the trees of a row are drawn by lot.
@@ -158,6 +163,7 @@ struct Tirage
     double chanceTrou = 0;      ///< of a person to be missing although its parents are there
     int generationsEnTrop = 0;  ///< at most; where negative, that many are not counted
     int marge = 15;             ///< mm, the general margin
+    int largeurCadre = 0;       ///< pixels that a person takes in its row, a photo doubles them; 0: by lot too
 };
 
 /// What one lot gives: the numbers, the photos and the count of generations.
@@ -206,6 +212,41 @@ QList<quint64> NumerosAttaches(std::mt19937 &hasard, int voulues, Croissance cro
     return numeros;
 }
 
+QList<quint64> NumerosEnLigne(std::mt19937 &hasard, int dents)
+{
+    constexpr quint64 plusGrandEnfant = quint64(1) << 62;
+    const auto entre = [&hasard](int a, int b) { return std::uniform_int_distribution<int>(a, b)(hasard); };
+    QList<quint64> numeros{1};
+    for (quint64 numero = 1; numero < plusGrandEnfant;) {
+        const quint64 parent = 2 * numero + static_cast<quint64>(entre(0, 1));
+        quint64 dent = parent ^ 1;
+        for (int reste = entre(0, dents); reste > 0 && dent < plusGrandEnfant; --reste) {
+            numeros += dent;
+            dent = 2 * dent + static_cast<quint64>(entre(0, 1));
+        }
+        numeros += parent;
+        numero = parent;
+    }
+    std::sort(numeros.begin(), numeros.end());
+    return numeros;
+}
+
+QList<quint64> Numeros(std::mt19937 &hasard, int voulues, Croissance croissance)
+{
+    switch (croissance) {
+    case Croissance::ParGeneration:
+        return NumerosParGeneration(hasard, voulues);
+    case Croissance::EnPeigne:
+        return NumerosEnLigne(hasard, 12);
+    case Croissance::UneLigne:
+        return NumerosEnLigne(hasard, 0);
+    case Croissance::Attaches:
+    case Croissance::EnLignes:
+        break;
+    }
+    return NumerosAttaches(hasard, voulues, croissance);
+}
+
 Lot TireUnLot(const Tirage &tirage, quint32 graine)
 {
     std::mt19937 hasard(graine);
@@ -214,10 +255,7 @@ Lot TireUnLot(const Tirage &tirage, quint32 graine)
 
     Lot lot;
     const int voulues = entre(tirage.plusPetit, tirage.plusGrand);
-    const QList<quint64> numeros = tirage.croissance == Croissance::ParGeneration
-        ? NumerosParGeneration(hasard, voulues)
-        : NumerosAttaches(hasard, voulues, tirage.croissance);
-    for (const quint64 numero : numeros) {
+    for (const quint64 numero : Numeros(hasard, voulues, tirage.croissance)) {
         if (numero == 1 || !chance(tirage.chanceTrou)) {
             lot.numeros += numero;
             lot.photos += chance(tirage.chancePhoto);
@@ -244,6 +282,11 @@ Lot TireUnLot(const Tirage &tirage, quint32 graine)
     constexpr float echelles[] = {1.0F, 96 / 25.4F, 72 / 25.4F, 600 / 25.4F, 1200 / 25.4F, 0.3F, 1.7F};
     lot.echelleX = echelles[entre(0, 6)];
     lot.echelleY = echelles[entre(0, 6)];
+    if (tirage.largeurCadre > 0) {
+        lot.formats.largeurCadre = tirage.largeurCadre;
+        lot.formats.distMinHoriz = 0;
+        lot.echelleX = 1.0F;
+    }
     return lot;
 }
 
@@ -278,6 +321,20 @@ QString PremierEcart(const Arbre &arbre, const Arbre &attendu)
     return {};
 }
 
+/// Every pass after the first one made in the same way.
+enum class Corrections {
+    ParHuit,  ///< where that is possible
+    UneAUne,
+};
+
+void Dispose(Arbre &arbre, const Lot &lot, Corrections corrections)
+{
+    const MesuresDisposition mesures(lot.formats, lot.echelleX, lot.echelleY);
+    DispositionRapide disposition(arbre, mesures);
+    QVERIFY(disposition.EstBienFormee());
+    disposition.Execute(corrections == Corrections::ParHuit ? 0 : std::numeric_limits<int>::max());
+}
+
 }  // namespace
 
 /// The fast layout against the literal one, on random trees. A failure names its seed: the row and the seed replay it.
@@ -289,6 +346,8 @@ private Q_SLOTS:
     void lesDeuxSAccordentSurUnExemple();
     void commeLesReglesALaLettre_data();
     void commeLesReglesALaLettre();
+    void lesGrandsParHuitCommeUneAUne_data();
+    void lesGrandsParHuitCommeUneAUne();
 };
 
 void TestDispositionLitterale::lesDeuxSAccordentSurUnExemple()
@@ -323,11 +382,37 @@ void TestDispositionLitterale::commeLesReglesALaLettre_data()
                               << 0;
     QTest::newRow("attachés, avec trous")
         << Tirage{.croissance = Croissance::Attaches, .arbres = 500, .chancePhoto = 0.1, .chanceTrou = 0.1} << 200 << 0;
+    QTest::newRow("attachés, une photo sur deux")
+        << Tirage{.croissance = Croissance::Attaches, .arbres = 1000, .chancePhoto = 0.5} << 700 << 0;
+    QTest::newRow("petits attachés")
+        << Tirage{.croissance = Croissance::Attaches, .arbres = 4000, .plusGrand = 40, .chancePhoto = 0.2} << 1000 << 0;
+    QTest::newRow("attachés, beaucoup de trous")
+        << Tirage{.croissance = Croissance::Attaches, .arbres = 500, .plusGrand = 400, .chanceTrou = 0.4} << 200 << 0;
+    QTest::newRow("attachés sans marge") << Tirage{.croissance = Croissance::Attaches, .arbres = 500, .marge = 0} << 300
+                                         << 0;
+    QTest::newRow("une ligne") << Tirage{.croissance = Croissance::UneLigne, .arbres = 100, .chancePhoto = 0.2} << 0
+                               << 0;
+    QTest::newRow("peignes") << Tirage{.croissance = Croissance::EnPeigne, .arbres = 600, .chancePhoto = 0.2} << 300
+                             << 0;
+    QTest::newRow("longues lignes") << Tirage{.croissance = Croissance::EnLignes,
+                                              .arbres = 150,
+                                              .plusPetit = 300,
+                                              .plusGrand = 900,
+                                              .chancePhoto = 0.2}
+                                    << 20 << 0;
+    // Some of them outgrow 32 bits at once, some on the way, some never.
+    QTest::newRow("attachés géants") << Tirage{.croissance = Croissance::Attaches,
+                                               .arbres = 12,
+                                               .plusPetit = 500,
+                                               .plusGrand = 3000,
+                                               .chancePhoto = 0.5,
+                                               .largeurCadre = 500'000}
+                                     << 12 << 0;
     QTest::newRow("lignes") << Tirage{.croissance = Croissance::EnLignes, .arbres = 1000, .chancePhoto = 0.1} << 30
                             << 0;
     QTest::newRow("grands attachés") << Tirage{.croissance = Croissance::Attaches,
-                                               .arbres = 12,
-                                               .plusPetit = 3000,
+                                               .arbres = 15,
+                                               .plusPetit = 2000,
                                                .plusGrand = 5000,
                                                .chancePhoto = 0.05}
                                      << 12 << 0;
@@ -355,10 +440,50 @@ void TestDispositionLitterale::commeLesReglesALaLettre()
         DisposeArbre(*arbre, lot.formats, lot.echelleX, lot.echelleY);
         const QString ecart = PremierEcart(*arbre, *attendu);
         QVERIFY2(ecart.isEmpty(), qPrintable(QStringLiteral("graine %1, %2").arg(graine).arg(ecart)));
+
+        // A person alone, and generations that are not counted, are others' work.
+        if (!arbre->premiere->suivante || tirage.generationsEnTrop < 0)
+            continue;
+        for (const Corrections corrections : {Corrections::ParHuit, Corrections::UneAUne}) {
+            Dispose(*arbre, lot, corrections);
+            const QString autreEcart = PremierEcart(*arbre, *attendu);
+            QVERIFY2(autreEcart.isEmpty(),
+                     qPrintable(QStringLiteral("graine %1, corrections %2, %3")
+                                    .arg(graine)
+                                    .arg(static_cast<int>(corrections))
+                                    .arg(autreEcart)));
+        }
     }
     // Trees that come to rest at once would compare little.
     QVERIFY2(corriges >= arbresCorriges, qPrintable(QString::number(corriges)));
     QVERIFY2(ecarts >= ecartsAGauche, qPrintable(QString::number(ecarts)));
+}
+
+void TestDispositionLitterale::lesGrandsParHuitCommeUneAUne_data()
+{
+    QTest::addColumn<Tirage>("tirage");
+
+    Tirage tirage{.croissance = Croissance::Attaches, .plusPetit = 15'000, .plusGrand = 20'000};
+    QTest::newRow("attachés") << tirage;
+    tirage.chancePhoto = 0.3;
+    QTest::newRow("photos") << tirage;
+    tirage.chanceTrou = 0.02;
+    QTest::newRow("photos et trous") << tirage;
+    tirage.chanceTrou = 0;
+    tirage.croissance = Croissance::ParGeneration;
+    QTest::newRow("par génération") << tirage;
+}
+
+void TestDispositionLitterale::lesGrandsParHuitCommeUneAUne()
+{
+    QFETCH(const Tirage, tirage);
+    const Lot lot = TireUnLot(tirage, 1);
+    const auto arbre = ArbreDuLot(lot);
+    Dispose(*arbre, lot, Corrections::ParHuit);
+    const auto attendu = ArbreDuLot(lot);
+    Dispose(*attendu, lot, Corrections::UneAUne);
+    QVERIFY(attendu->premiere->x > 0);
+    QCOMPARE(PremierEcart(*arbre, *attendu), QString());
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestDispositionLitterale)
