@@ -6,6 +6,9 @@
 #include "lespolices.h"
 #include "personne.h"
 #include "unites.h"
+#include "zonemontree.h"
+
+#include <QFontMetrics>
 
 namespace {
 
@@ -90,9 +93,29 @@ void CalculeCanevas(Canevas &canevas, QPainter &peintre, const Arbre &arbre, con
     PlaceTitre(canevas, largeurBloc, arbre, formats, sx, sy);
 }
 
+namespace {
+
+/// True when nothing of the title block is to be seen, as far as can be said without measuring it.
+bool EstHors(const QPainter &peintre, const InfoArbre &info, const Canevas &canevas, const LesPolices &polices)
+{
+    const QRect zone = ZoneMontree(peintre);
+    if (zone.isNull())
+        return false;
+    const auto hauteur = [&peintre](const QFont &police) {
+        return QFontMetrics(PoliceDessinable(police), peintre.device()).height();
+    };
+    const long lettre = 2L * MaxLI(hauteur(polices.policeTitre), hauteur(polices.policeLegende));
+    const long lettres =
+        MaxLI(info.titrearbre.size(), MaxLI(LigneDeCreation(info).size(), LigneDeMiseAJour(info).size()));
+    return zone.right() < canevas.xTitre - lettre || zone.left() > canevas.xTitre + (lettres + 1) * lettre
+        || zone.bottom() < canevas.yTitre - lettre || zone.top() > canevas.yLegende2 + lettre;
+}
+
+}  // namespace
+
 void DessineTitre(QPainter &peintre, const InfoArbre &infoArbre, const Canevas &canevas, const LesPolices &polices)
 {
-    if (infoArbre.titrearbre.isEmpty())
+    if (infoArbre.titrearbre.isEmpty() || EstHors(peintre, infoArbre, canevas, polices))
         return;
     const EtatPeintre etat(peintre);
     const int x = Coordonnee(canevas.xTitre);

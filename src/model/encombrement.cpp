@@ -12,12 +12,21 @@
 
 namespace {
 
-constexpr long chiffresDuPlusGrandNumero = 20;
 constexpr long ecartSelection = 3;
 
 QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
 {
     return appareil ? QFontMetrics(police, appareil) : QFontMetrics(police);
+}
+
+long NombreDeChiffres(quint64 numero)
+{
+    long chiffres = 1;
+    while (numero >= 10) {
+        numero /= 10;
+        ++chiffres;
+    }
+    return chiffres;
 }
 
 }  // namespace
@@ -60,16 +69,16 @@ Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, con
     , largeurTextes(MaxLI(largeurCadre - 2 * margeTextes, 1))
     , hauteurNumero(Mesures(policeNumeros, appareil).height())
     , hauteurLigne(Mesures(policeTextes, appareil).height() + 2)
-    , coteDuNumero(std::abs(margeTextes) + MaxLI(0, (chiffresDuPlusGrandNumero * hauteurNumero - largeurTextes) / 2))
 {
 }
 
-Debords Encombrement::DebordsDe(const MesureTextes &textes) const
+Debords Encombrement::DebordsDe(const MesureTextes &textes, quint64 numero) const
 {
     // The number may need a font of another size where its own has no digits.
+    const long largeurNumero = NombreDeChiffres(numero) * hauteurNumero;
+    const long largeurMot = textes.plusLongMot * hauteurLigne;
     return {.dessous = 2 * hauteurNumero + textes.lignes * hauteurLigne,
-            .cotes =
-                MaxLI(coteDuNumero, std::abs(margeTextes) + (textes.plusLongMot * hauteurLigne - largeurTextes) / 2)};
+            .cotes = std::abs(margeTextes) + MaxLI(0, (MaxLI(largeurNumero, largeurMot) - largeurTextes) / 2)};
 }
 
 Debords Encombrement::DebordsDe(const QRect &peints, long x, long y) const

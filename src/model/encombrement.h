@@ -43,8 +43,8 @@ public:
 
     bool operator==(const Encombrement &autre) const = default;
 
-    /// Of texts that have not been drawn: a bound.
-    [[nodiscard]] Debords DebordsDe(const MesureTextes &textes) const;
+    /// Of texts below a number of no more digits than \a numero that have not been drawn: a bound.
+    [[nodiscard]] Debords DebordsDe(const MesureTextes &textes, quint64 numero) const;
     /// Of texts that were drawn in \a peints, in the box whose corner is (\a x, \a y).
     [[nodiscard]] Debords DebordsDe(const QRect &peints, long x, long y) const;
     /// True when nothing that persons with these corners, with at most these texts and with photos or not, draw lies in
@@ -67,5 +67,4 @@ private:
     long largeurTextes;  ///< inner width of the box
     long hauteurNumero;
     long hauteurLigne;
-    long coteDuNumero;  ///< what the longest number needs on each side of the box
 };

@@ -5,6 +5,8 @@
 #include "personne.h"
 #include "unites.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int personnesParBloc = 64;
@@ -63,6 +65,7 @@ void IndexDessin::Range(Personne *personne, bool avecLiens)
     bloc.coins.Ajoute(personne->x, personne->y);
     if (avecLiens)
         AjouteLesLiens(bloc.coinsLies, *personne);
+    bloc.plusGrandNumero = std::max(bloc.plusGrandNumero, personne->numero);
     if (personne->info)
         Elargit(bloc.textes, personne->info->Mesure());
     avecPhoto.push_back(personne->FacteurPhoto() == 2);
@@ -91,6 +94,7 @@ void IndexDessin::RassembleLesBlocs()
         Elargit(groupe.tous.coins, blocs[i].coins);
         Elargit(groupe.tous.coinsLies, blocs[i].coinsLies);
         Elargit(groupe.tous.textes, blocs[i].textes);
+        groupe.tous.plusGrandNumero = std::max(groupe.tous.plusGrandNumero, blocs[i].plusGrandNumero);
     }
 }
 

@@ -18,6 +18,7 @@ struct Bloc
     Coins coins{};                  ///< of their boxes
     Coins coinsLies{};              ///< of the boxes of those who have parents, and of these parents
     MesureTextes textes{};          ///< the most that one of them needs
+    quint64 plusGrandNumero = 0;
 };
 
 /// Where the persons of a tree stand: what is drawn in a part of the chart, or lies under the mouse, is found without

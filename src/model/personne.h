@@ -9,6 +9,7 @@ class InfoPersonne;
 class QPainter;
 struct FormatsDessins;
 struct LesPolices;
+struct OutilsPersonne;
 
 /// One person of an ascending tree, known by a Sosa number: 1 for the root, 2n for the father of n, 2n+1 for the
 /// mother. Owns its data and the rest of the list behind it; never copied.
@@ -33,6 +34,8 @@ public:
     /// rectangle that the lines of the texts took, the number's included; null when nothing was drawn.
     QRect Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                   const LesPolices &polices, bool arbreOuvert);
+    /// The same with tools that serve for other persons too. The painter's pen, brush and font change.
+    QRect Dessine(QPainter &peintre, const OutilsPersonne &outils);
     /// Draws the photo to the right of the box; scales its copy for the screen or the printer when there is none yet.
     void AffichePhoto(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats);
     /// Draws (\a trace true, blue) or erases (false, white) the dashed mark around the box.
@@ -44,12 +47,12 @@ public:
     unsigned short numerogeneration;  ///< 0 for the root, child's + 1 for a parent
     bool affichable = true;           ///< false: skipped by all drawing
     bool selectionnee = false;
-    quint64 pere = 0;                 ///< number of the father, 0 when there is none
-    quint64 mere = 0;                 ///< number of the mother, 0 when there is none
-    quint64 enfant = 0;               ///< number of the child, 0 for the root
-    long x = 0;                       ///< left edge of the box, in pixels of the device laid out for
-    long y = 0;                       ///< top edge of the box
-    InfoPersonne *info = nullptr;     ///< owned
+    quint64 pere = 0;              ///< number of the father, 0 when there is none
+    quint64 mere = 0;              ///< number of the mother, 0 when there is none
+    quint64 enfant = 0;            ///< number of the child, 0 for the root
+    long x = 0;                    ///< left edge of the box, in pixels of the device laid out for
+    long y = 0;                    ///< top edge of the box
+    InfoPersonne *info = nullptr;  ///< owned
     Personne *suivante = nullptr;  ///< owned: the rest of the list
     Personne *precedente = nullptr;
     Personne *ptrPere = nullptr;

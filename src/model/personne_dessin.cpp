@@ -3,19 +3,14 @@
 #include "etatpeintre.h"
 #include "formatsdessins.h"
 #include "infopersonne.h"
-#include "lespolices.h"
-#include "plume.h"
+#include "outilspersonne.h"
 #include "unites.h"
 
-#include <QFont>
 #include <QStringList>
 
 namespace {
 
-constexpr int gras = 75;
-constexpr int normal = 50;
 constexpr int ecartSelection = 3;
-constexpr int rondeurMax = 99;
 
 /// Texts one below the other in a box; what does not fit runs over its frame.
 class ColonneDeTextes
@@ -65,23 +60,18 @@ QStringList DatesEtLieux(const InfoPersonne &info, bool avecLieux)
     return lignes;
 }
 
-void EcritTextes(QPainter &peintre, ColonneDeTextes &colonne, const InfoPersonne &info, const LesPolices &polices,
-                 bool arbreOuvert)
+void EcritTextes(QPainter &peintre, ColonneDeTextes &colonne, const InfoPersonne &info, const OutilsPersonne &outils)
 {
-    const QFont textes = PoliceDessinable(polices.policeTextes);
-    const QString famille = textes.family();
-    const int taille = textes.pointSize();
-
     const QString nom = NomComplet(info);
     if (!nom.isEmpty()) {
-        peintre.setFont(FaitPolice(famille, taille, gras));
+        peintre.setFont(outils.noms);
         colonne.EcritLigne(nom);
     }
-    peintre.setFont(FaitPolice(famille, taille, normal));
-    for (const QString &ligne : DatesEtLieux(info, arbreOuvert))
+    peintre.setFont(outils.datesEtLieux);
+    for (const QString &ligne : DatesEtLieux(info, outils.arbreOuvert))
         colonne.EcritLigne(ligne);
-    if (arbreOuvert && !info.divers.isEmpty()) {
-        peintre.setFont(FaitPolice(famille, taille, normal, true));
+    if (outils.arbreOuvert && !info.divers.isEmpty()) {
+        peintre.setFont(outils.remarques);
         colonne.EcritLigne(info.divers);
     }
 }
@@ -102,32 +92,33 @@ QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
 QRect Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                         const LesPolices &polices, bool arbreOuvert)
 {
+    const EtatPeintre etat(*painter);
+    return Dessine(*painter, OutilsPersonne(*painter, sx, sy, impression, formats, polices, arbreOuvert));
+}
+
+QRect Personne::Dessine(QPainter &peintre, const OutilsPersonne &outils)
+{
     if (!affichable)
         return {};
-    const EtatPeintre etat(*painter);
-    const long largeur = MaxLI(Px(formats.largeurCadre, sx), 1);
-    const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
-    const long marge = Px(formats.margeDansCadre, sx);
-    painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(formats.couleurTraits, LargeurDePlume(*painter, formats.EpaisseurPx(sx)), Qt::SolidLine));
-    if (arbreOuvert) {
-        const QRect cadre(Coordonnee(x), Coordonnee(y), Coordonnee(largeur), Coordonnee(hauteur));
-        painter->drawRoundedRect(cadre, EntierBorne(2 * formats.rayonArc * sx, 0, rondeurMax),
-                                 EntierBorne(2 * formats.rayonArc * sy, 0, rondeurMax), Qt::RelativeSize);
+    peintre.setBrush(Qt::NoBrush);
+    peintre.setPen(outils.traits);
+    if (outils.arbreOuvert) {
+        const QRect cadre(Coordonnee(x), Coordonnee(y), Coordonnee(outils.largeur), Coordonnee(outils.hauteur));
+        peintre.drawRoundedRect(cadre, outils.rondeurX, outils.rondeurY, Qt::RelativeSize);
     }
-    if (selectionnee && !impression)
-        TraceSelection(painter, sx, sy, true, formats);
+    if (selectionnee && !outils.impression)
+        TraceSelection(&peintre, outils.sx, outils.sy, true, outils.formats);
 
-    painter->setPen(polices.couleurCaracteres);
-    painter->setFont(PoliceDessinable(polices.policeNumeros));
-    const QRect cadreDesTextes(Coordonnee(x + marge), Coordonnee(y), Coordonnee(MaxLI(largeur - 2 * marge, 1)),
-                               Coordonnee(hauteur));
-    ColonneDeTextes colonne(*painter, cadreDesTextes);
+    peintre.setPen(outils.textes);
+    peintre.setFont(outils.numeros);
+    const QRect cadreDesTextes(Coordonnee(x + outils.marge), Coordonnee(y),
+                               Coordonnee(MaxLI(outils.largeur - 2 * outils.marge, 1)), Coordonnee(outils.hauteur));
+    ColonneDeTextes colonne(peintre, cadreDesTextes);
     colonne.Ecrit(QString::number(numero), 0);
     if (info) {
-        if (arbreOuvert)
-            AffichePhoto(painter, sx, sy, impression, formats);
-        EcritTextes(*painter, colonne, *info, polices, arbreOuvert);
+        if (outils.arbreOuvert)
+            AffichePhoto(&peintre, outils.sx, outils.sy, outils.impression, outils.formats);
+        EcritTextes(peintre, colonne, *info, outils);
     }
     return colonne.Prise();
 }
