@@ -153,21 +153,30 @@ private:
     std::vector<std::size_t> dernieresPlaces;  ///< of each individual the one found last
 };
 
-QString LigneDeChoix(const FichesGED &fiches, const FicheIndividu &individu)
+/// One line for each individual, the last of the file first.
+QStringList LignesDeChoix(const FichesGED &fiches)
 {
-    const auto texte = [&](ChampGED champ) { return fiches.Texte(fiches.Brut(individu, champ)); };
-    return texte(ChampGED::Adresse) + u' ' + texte(ChampGED::Prenom) + u' ' + texte(ChampGED::Nom)
-        + QStringLiteral(" né(e) le ") + texte(ChampGED::DateNaissance) + QStringLiteral(" à ")
-        + texte(ChampGED::LieuNaissance);
+    const QByteArray blanc = fiches.Code(QStringLiteral(" "));
+    const QByteArray ne = fiches.Code(QStringLiteral(" né(e) le "));
+    const QByteArray a = fiches.Code(QStringLiteral(" à "));
+    QStringList lignes;
+    lignes.reserve(fiches.individus.size());
+    QByteArray ligne;
+    for (qsizetype i = fiches.individus.size() - 1; i >= 0; --i) {
+        const auto brut = [&](ChampGED champ) { return fiches.Brut(fiches.individus.at(i), champ); };
+        ligne.resize(0);  // keeps its memory
+        ligne.append(brut(ChampGED::Adresse)).append(blanc).append(brut(ChampGED::Prenom)).append(blanc);
+        ligne.append(brut(ChampGED::Nom)).append(ne).append(brut(ChampGED::DateNaissance));
+        ligne.append(a).append(brut(ChampGED::LieuNaissance));
+        lignes += fiches.Texte(ligne);
+    }
+    return lignes;
 }
 
 /// The identifier of the root that the user chose; empty when the dialog was given up.
 QString DemandeLaRacine(QWidget *parent, const FichesGED &fiches)
 {
-    QStringList lignes;
-    lignes.reserve(fiches.individus.size());
-    for (qsizetype i = fiches.individus.size() - 1; i >= 0; --i)
-        lignes += LigneDeChoix(fiches, fiches.individus.at(i));
+    const auto lignes = [&fiches] { return LignesDeChoix(fiches); };
     QString choix = Interlocuteur::Courant().ChoisitRacine(parent, lignes).value_or(QString());
     return DecodeAdresse(choix);
 }
