@@ -46,7 +46,7 @@ QString TexteDe(VueUtf8 vue)
     return marques.isEmpty() ? texte : marques + texte;
 }
 
-VueUtf8 Rognee(VueUtf8 vue)
+VueUtf8 RogneeLettreALettre(VueUtf8 vue)
 {
     while (!vue.empty()) {
         const std::size_t blanc = BlancDevant(vue);
@@ -63,7 +63,7 @@ VueUtf8 Rognee(VueUtf8 vue)
     return vue;
 }
 
-std::optional<VueUtf8> SansDebut(VueUtf8 vue, std::size_t nombre)
+std::optional<VueUtf8> SansDebutLettreALettre(VueUtf8 vue, std::size_t nombre)
 {
     while (nombre > 0 && !vue.empty()) {
         const std::size_t longueur = Longueur(vue[0]);

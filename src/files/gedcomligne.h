@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -24,15 +25,43 @@ using VueUtf16 = std::u16string_view;
     return {texte.utf16(), static_cast<std::size_t>(texte.size())};
 }
 
+/// Whether a byte is a letter of its own, and one of the blanks among these.
+[[nodiscard]] constexpr bool EstAscii(char octet)
+{
+    return static_cast<unsigned char>(octet) < 0x80;
+}
+[[nodiscard]] constexpr bool EstBlancAscii(char octet)
+{
+    return octet == ' ' || (octet >= '\t' && octet <= '\r');
+}
+
+/// The same for any letters.
+[[nodiscard]] VueUtf8 RogneeLettreALettre(VueUtf8 vue);
+[[nodiscard]] std::optional<VueUtf8> SansDebutLettreALettre(VueUtf8 vue, std::size_t nombre);
+
 /// Without the white space around it, as QString::trimmed.
-[[nodiscard]] VueUtf8 Rognee(VueUtf8 vue);
+[[nodiscard]] inline VueUtf8 Rognee(VueUtf8 vue)
+{
+    while (!vue.empty() && EstBlancAscii(vue.front()))
+        vue.remove_prefix(1);
+    while (!vue.empty() && EstBlancAscii(vue.back()))
+        vue.remove_suffix(1);
+    const bool finie = vue.empty() || (EstAscii(vue.front()) && EstAscii(vue.back()));
+    return finie ? vue : RogneeLettreALettre(vue);
+}
 [[nodiscard]] inline VueUtf16 Rognee(VueUtf16 vue)
 {
     return VueDe(QStringView(vue).trimmed());
 }
 
 /// Without its first \a nombre UTF-16 units. None when a cut through a letter leaves what UTF-8 cannot say.
-[[nodiscard]] std::optional<VueUtf8> SansDebut(VueUtf8 vue, std::size_t nombre);
+[[nodiscard]] inline std::optional<VueUtf8> SansDebut(VueUtf8 vue, std::size_t nombre)
+{
+    const VueUtf8 debut = vue.substr(0, nombre);
+    if (!std::all_of(debut.begin(), debut.end(), EstAscii))
+        return SansDebutLettreALettre(vue, nombre);
+    return vue.substr(debut.size());
+}
 [[nodiscard]] inline std::optional<VueUtf16> SansDebut(VueUtf16 vue, std::size_t nombre)
 {
     return vue.substr(std::min(nombre, vue.size()));
@@ -42,14 +71,17 @@ using VueUtf16 = std::u16string_view;
 /// blank is left whole and is of level 0.
 template <typename Lettre> [[nodiscard]] short PrendNiveau(std::basic_string_view<Lettre> &ligne)
 {
+    if (ligne.size() > 1 && ligne[0] >= Lettre('0') && ligne[0] <= Lettre('9') && ligne[1] == Lettre(' ')) {
+        const auto niveau = static_cast<short>(ligne[0] - Lettre('0'));
+        ligne.remove_prefix(2);
+        return niveau;
+    }
     const auto blanc = ligne.find(Lettre(' '));
     if (blanc == ligne.npos)
         return 0;
-    const auto texte = ligne.substr(0, blanc);
+    const short niveau = TexteDe(ligne.substr(0, blanc)).toShort();
     ligne.remove_prefix(blanc + 1);
-    if (texte.size() == 1 && texte[0] >= Lettre('0') && texte[0] <= Lettre('9'))
-        return static_cast<short>(texte[0] - Lettre('0'));
-    return TexteDe(texte).toShort();
+    return niveau;
 }
 
 /// The first identifier with its two at signs; empty when there is none.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -77,8 +78,9 @@ private:
     template <typename Lettre> [[nodiscard]] std::size_t PremierQuiCommence(std::basic_string_view<Lettre> reste,
                                                                             unsigned parmi, std::size_t premier) const
     {
-        for (std::size_t k = 0; k < premier; ++k) {
-            if ((parmi >> k & 1U) != 0 && Commence(reste, mots[k].texte))
+        for (parmi &= (1U << premier) - 1; parmi != 0; parmi &= parmi - 1) {
+            const auto k = static_cast<std::size_t>(std::countr_zero(parmi));
+            if (Commence(reste, mots[k].texte))
                 return k;
         }
         return premier;
