@@ -60,11 +60,11 @@ public:
         : arbre(unArbre)
         , fiches(desFiches)
         , textes(desFiches)
-        , dernieresPlaces(static_cast<std::size_t>(fiches.individus.size()), aucune)
+        , dernieresPlaces(fiches.individus.size(), aucune)
     {
     }
 
-    void Monte(qsizetype racine)
+    void Monte(int racine)
     {
         MetLaRacine(racine);
         if (fiches.individus.size() < 2)
@@ -72,21 +72,21 @@ public:
         const ParentsGED index(fiches);
         // Numbers grow along the list, and parents go to its end: everybody is met once, after his child.
         Personne *personne = arbre.premiere;
-        for (std::size_t place = 0; personne; ++place, personne = personne->suivante)
+        for (int place = 0; personne; ++place, personne = personne->suivante)
             AjouteLesParents(*personne, place, index);
     }
 
 private:
-    static constexpr std::size_t aucune = std::numeric_limits<std::size_t>::max();
+    static constexpr int aucune = -1;
 
     /// Who stands at a place of the list, and where his child stands.
     struct Place
     {
-        qsizetype individu;
-        std::size_t enfant;
+        int individu;
+        int enfant;
     };
 
-    void MetLaRacine(qsizetype individu)
+    void MetLaRacine(int individu)
     {
         auto *racine = new Personne(0);
         racine->info = new InfoPersonne;
@@ -95,11 +95,11 @@ private:
         Occupe(*racine, individu, aucune);
     }
 
-    void AjouteLesParents(Personne &personne, std::size_t place, const ParentsGED &index)
+    void AjouteLesParents(Personne &personne, int place, const ParentsGED &index)
     {
-        const qsizetype individu = places[place].individu;
+        const int individu = places.at(place).individu;
         // Found again higher up since: only the later place has parents.
-        if (dernieresPlaces[static_cast<std::size_t>(individu)] != place || !ALaPlaceDeParents(personne))
+        if (dernieresPlaces.at(individu) != place || !ALaPlaceDeParents(personne))
             return;
         const ParentsGED::Parents parents = index.De(individu);
         Ajoute(personne, place, parents.pere, true);
@@ -111,7 +111,7 @@ private:
         return personne.numero <= (std::numeric_limits<quint64>::max() - 1) / 2;
     }
 
-    void Ajoute(Personne &enfant, std::size_t placeEnfant, qsizetype individu, bool estPere)
+    void Ajoute(Personne &enfant, int placeEnfant, int individu, bool estPere)
     {
         if (individu == aucunIndividu || EstDansLaLignee(individu, placeEnfant))
             return;
@@ -119,19 +119,19 @@ private:
     }
 
     /// Stands somewhere from \a place down to the root: a file may make somebody his own ancestor.
-    [[nodiscard]] bool EstDansLaLignee(qsizetype individu, std::size_t place) const
+    [[nodiscard]] bool EstDansLaLignee(int individu, int place) const
     {
-        if (dernieresPlaces[static_cast<std::size_t>(individu)] == aucune)
+        if (dernieresPlaces.at(individu) == aucune)
             return false;
-        for (; place != aucune; place = places[place].enfant) {
-            if (places[place].individu == individu)
+        for (; place != aucune; place = places.at(place).enfant) {
+            if (places.at(place).individu == individu)
                 return true;
         }
         return false;
     }
 
     /// Writes who \a personne, the last of the list, is.
-    void Occupe(Personne &personne, qsizetype individu, std::size_t placeEnfant)
+    void Occupe(Personne &personne, int individu, int placeEnfant)
     {
         const FicheIndividu &fiche = fiches.individus.at(individu);
         InfoPersonne &info = *personne.info;
@@ -142,15 +142,15 @@ private:
         info.datedeces = textes.De(fiche, ChampGED::DateDeces);
         info.lieudeces = textes.De(fiche, ChampGED::LieuDeces);
         info.divers = textes.De(fiche, ChampGED::Occu);
-        dernieresPlaces[static_cast<std::size_t>(individu)] = places.size();
-        places.push_back({individu, placeEnfant});
+        dernieresPlaces[individu] = static_cast<int>(places.size());
+        places.append({individu, placeEnfant});
     }
 
     Arbre &arbre;
     const FichesGED &fiches;
     TextesPartages textes;
-    std::vector<Place> places;                 ///< in the order of the list
-    std::vector<std::size_t> dernieresPlaces;  ///< of each individual the one found last
+    QList<Place> places;         ///< in the order of the list
+    QList<int> dernieresPlaces;  ///< of each individual the one found last
 };
 
 /// One line for each individual, the last of the file first.
@@ -182,11 +182,12 @@ QString DemandeLaRacine(QWidget *parent, const FichesGED &fiches)
 }
 
 /// Who bears this identifier or, when it is empty, who is nobody's spouse: the first of the file.
-qsizetype TrouveLaRacine(const FichesGED &fiches, const QString &adresse)
+int TrouveLaRacine(const FichesGED &fiches, const QString &adresse)
 {
     const ChampGED champ = adresse.isEmpty() ? ChampGED::Fams : ChampGED::Adresse;
     const QByteArray cherche = fiches.Code(adresse);
-    for (qsizetype i = 0; i < fiches.individus.size(); ++i) {
+    const auto nombre = static_cast<int>(fiches.individus.size());
+    for (int i = 0; i < nombre; ++i) {
         const QByteArrayView brut = fiches.Brut(fiches.individus.at(i), champ);
         // Half a letter that was typed has no code of its own.
         if (brut == cherche && fiches.Texte(brut) == adresse)
@@ -204,7 +205,7 @@ QString Importe(QWidget *parent, const QString &nomFichier, Arbre &arbre)
     if (fiches->individus.isEmpty())
         return QStringLiteral("Impossible de construire un arbre à partir de ") + nomFichier;
     const QString adresse = DemandeLaRacine(parent, *fiches);
-    const qsizetype racine = TrouveLaRacine(*fiches, adresse);
+    const int racine = TrouveLaRacine(*fiches, adresse);
     if (racine == aucunIndividu)
         return QStringLiteral("Impossible de trouver la personne  ") + adresse
             + QStringLiteral("\nproposée comme racine de l'arbre");

@@ -4,8 +4,10 @@
 
 #include <QHash>
 
+#include <utility>
+
 /// Who is whose parent in a GEDCOM file. Individuals are told by their place in FichesGED::individus.
-constexpr qsizetype aucunIndividu = -1;
+constexpr int aucunIndividu = -1;
 
 /// The individuals by their identifiers.
 class AnnuaireGED
@@ -14,16 +16,20 @@ public:
     explicit AnnuaireGED(const FichesGED &desFiches);
 
     /// Who bears this identifier, the first of the file when there are several. An empty one is nobody's.
-    [[nodiscard]] qsizetype Porteur(QByteArrayView adresse) const;
+    [[nodiscard]] int Porteur(QByteArrayView adresse) const;
+
+    /// Those who bear another's identifier, and that other.
+    [[nodiscard]] const QList<std::pair<int, int>> &Doubles() const { return doubles; }
 
 private:
     [[nodiscard]] qsizetype Case(QByteArrayView adresse) const;
-    [[nodiscard]] bool EstALa(qsizetype individu, QByteArrayView adresse) const;
-    void Inscrit(qsizetype individu);
+    [[nodiscard]] bool EstALa(int individu, QByteArrayView adresse) const;
+    void Inscrit(int individu);
 
     const FichesGED &fiches;
-    QList<qsizetype> parNumero;  ///< by the number in the identifier: neighbours in the file are neighbours here
-    QHash<QByteArrayView, qsizetype> autres;  ///< those whose place was taken
+    QList<int> parNumero;               ///< by the number in the identifier: neighbours in the file are neighbours here
+    QHash<QByteArrayView, int> autres;  ///< those whose place was taken
+    QList<std::pair<int, int>> doubles;
 };
 
 /// The parents of everybody, from one walk over the families.
@@ -32,18 +38,14 @@ class ParentsGED
 public:
     struct Parents
     {
-        qsizetype pere = aucunIndividu;
-        qsizetype mere = aucunIndividu;
+        int pere = aucunIndividu;
+        int mere = aucunIndividu;
     };
 
-    explicit ParentsGED(const FichesGED &desFiches);
+    explicit ParentsGED(const FichesGED &fiches);
 
-    [[nodiscard]] Parents De(qsizetype individu) const;
+    [[nodiscard]] Parents De(int individu) const { return parents.at(individu); }
 
 private:
-    void Note(const FicheFamille &famille);
-
-    const FichesGED &fiches;
-    const AnnuaireGED annuaire;
-    QList<Parents> parents;  ///< by individual; of those with one identifier only the first has them
+    QList<Parents> parents;
 };
