@@ -207,11 +207,6 @@ FichesGED::FichesGED(QByteArray contenu)
     [[maybe_unused]] const bool lu = LecteurGED<char16_t>(*this, VueDe(utf16)).Lit();
 }
 
-QByteArrayView FichesGED::Brut(qsizetype debut, MorceauGED morceau) const
-{
-    return {debutDuTexte + octetsParLettre * (debut + morceau.debut), octetsParLettre * qsizetype(morceau.longueur)};
-}
-
 QString FichesGED::Texte(QByteArrayView brut) const
 {
     if (octetsParLettre == 1)

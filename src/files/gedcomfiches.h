@@ -65,7 +65,11 @@ public:
     Q_DISABLE_COPY_MOVE(FichesGED)
 
     /// The bytes of a piece of the record that starts at \a debut: two are the same when their texts are.
-    [[nodiscard]] QByteArrayView Brut(qsizetype debut, MorceauGED morceau) const;
+    [[nodiscard]] QByteArrayView Brut(qsizetype debut, MorceauGED morceau) const
+    {
+        return {debutDuTexte + octetsParLettre * (debut + morceau.debut),
+                octetsParLettre * qsizetype(morceau.longueur)};
+    }
     [[nodiscard]] QByteArrayView Brut(const FicheIndividu &individu, ChampGED champ) const
     {
         return Brut(individu.debut, individu[champ]);

@@ -22,7 +22,7 @@ class TextesPartages
 public:
     explicit TextesPartages(const FichesGED &desFiches)
         : fiches(desFiches)
-        , recents(1024)
+        , recents(nombreDeRecents)
     {
     }
 
@@ -33,7 +33,7 @@ public:
             return {};
         if (brut.size() > plusLong)
             return fiches.Texte(brut);
-        Recent &recent = recents[qHash(brut) % recents.size()];
+        Recent &recent = recents[qHash(brut) % nombreDeRecents];
         if (recent.brut != brut)
             recent = {brut, fiches.Texte(brut)};
         return recent.texte;
@@ -41,6 +41,7 @@ public:
 
 private:
     static constexpr qsizetype plusLong = 100;
+    static constexpr std::size_t nombreDeRecents = 1024;
 
     struct Recent
     {

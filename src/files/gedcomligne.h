@@ -25,14 +25,10 @@ using VueUtf16 = std::u16string_view;
     return {texte.utf16(), static_cast<std::size_t>(texte.size())};
 }
 
-/// Whether a byte is a letter of its own, and one of the blanks among these.
-[[nodiscard]] constexpr bool EstAscii(char octet)
+/// A byte that is a letter of its own, and no blank.
+[[nodiscard]] constexpr bool EstVisible(char octet)
 {
-    return static_cast<unsigned char>(octet) < 0x80;
-}
-[[nodiscard]] constexpr bool EstBlancAscii(char octet)
-{
-    return octet == ' ' || (octet >= '\t' && octet <= '\r');
+    return static_cast<signed char>(octet) > ' ';
 }
 
 /// The same for any letters.
@@ -42,11 +38,11 @@ using VueUtf16 = std::u16string_view;
 /// Without the white space around it, as QString::trimmed.
 [[nodiscard]] inline VueUtf8 Rognee(VueUtf8 vue)
 {
-    while (!vue.empty() && EstBlancAscii(vue.front()))
+    while (!vue.empty() && vue.front() == ' ')
         vue.remove_prefix(1);
-    while (!vue.empty() && EstBlancAscii(vue.back()))
+    while (!vue.empty() && (vue.back() == '\r' || vue.back() == ' '))
         vue.remove_suffix(1);
-    const bool finie = vue.empty() || (EstAscii(vue.front()) && EstAscii(vue.back()));
+    const bool finie = vue.empty() || (EstVisible(vue.front()) && EstVisible(vue.back()));
     return finie ? vue : RogneeLettreALettre(vue);
 }
 [[nodiscard]] inline VueUtf16 Rognee(VueUtf16 vue)
@@ -57,31 +53,38 @@ using VueUtf16 = std::u16string_view;
 /// Without its first \a nombre UTF-16 units. None when a cut through a letter leaves what UTF-8 cannot say.
 [[nodiscard]] inline std::optional<VueUtf8> SansDebut(VueUtf8 vue, std::size_t nombre)
 {
-    const VueUtf8 debut = vue.substr(0, nombre);
-    if (!std::all_of(debut.begin(), debut.end(), EstAscii))
-        return SansDebutLettreALettre(vue, nombre);
-    return vue.substr(debut.size());
+    for (std::size_t i = 0; i < nombre; ++i) {
+        if (i >= vue.size() || !EstVisible(vue[i]))
+            return SansDebutLettreALettre(vue, nombre);
+    }
+    vue.remove_prefix(nombre);
+    return vue;
 }
 [[nodiscard]] inline std::optional<VueUtf16> SansDebut(VueUtf16 vue, std::size_t nombre)
 {
     return vue.substr(std::min(nombre, vue.size()));
 }
 
-/// Takes the level number and the blank behind it from the front of \a ligne. 0 when it is no number; a line without any
-/// blank is left whole and is of level 0.
-template <typename Lettre> [[nodiscard]] short PrendNiveau(std::basic_string_view<Lettre> &ligne)
+template <typename Lettre> [[nodiscard]] short PrendNiveauQuelconque(std::basic_string_view<Lettre> &ligne)
 {
-    if (ligne.size() > 1 && ligne[0] >= Lettre('0') && ligne[0] <= Lettre('9') && ligne[1] == Lettre(' ')) {
-        const auto niveau = static_cast<short>(ligne[0] - Lettre('0'));
-        ligne.remove_prefix(2);
-        return niveau;
-    }
     const auto blanc = ligne.find(Lettre(' '));
     if (blanc == ligne.npos)
         return 0;
     const short niveau = TexteDe(ligne.substr(0, blanc)).toShort();
     ligne.remove_prefix(blanc + 1);
     return niveau;
+}
+
+/// Takes the level number and the blank behind it from the front of \a ligne. 0 when it is no number; a line without any
+/// blank is left whole and is of level 0.
+template <typename Lettre> [[nodiscard]] inline short PrendNiveau(std::basic_string_view<Lettre> &ligne)
+{
+    if (ligne.size() > 1 && ligne[0] >= Lettre('0') && ligne[0] <= Lettre('9') && ligne[1] == Lettre(' ')) {
+        const auto niveau = static_cast<short>(ligne[0] - Lettre('0'));
+        ligne.remove_prefix(2);
+        return niveau;
+    }
+    return PrendNiveauQuelconque(ligne);
 }
 
 /// The first identifier with its two at signs; empty when there is none.

@@ -66,7 +66,7 @@ public:
             const bool connue = lettre < sauts.size();
             const std::size_t saut = connue ? sauts[lettre] : debut;
             if (saut == 0)
-                premier = PremierQuiCommence(ligne.substr(i - (debut - 1)), candidats[lettre], premier);
+                premier = PremierIci(ligne, i - (debut - 1), candidats[lettre], premier);
             i += saut == 0 ? 1 : saut;
         }
         return premier < nombre ? &mots[premier] : nullptr;
@@ -75,24 +75,25 @@ public:
 private:
     static constexpr std::size_t debut = 3;  ///< letters by which a word is found
 
-    template <typename Lettre> [[nodiscard]] std::size_t PremierQuiCommence(std::basic_string_view<Lettre> reste,
-                                                                            unsigned parmi, std::size_t premier) const
+    /// The first of the words \a parmi that stands at \a ici and before \a premier in the table; else \a premier.
+    template <typename Lettre> [[nodiscard]] std::size_t
+    PremierIci(std::basic_string_view<Lettre> ligne, std::size_t ici, unsigned parmi, std::size_t premier) const
     {
         for (parmi &= (1U << premier) - 1; parmi != 0; parmi &= parmi - 1) {
             const auto k = static_cast<std::size_t>(std::countr_zero(parmi));
-            if (Commence(reste, mots[k].texte))
+            if (EstIci(ligne, ici, mots[k].texte))
                 return k;
         }
         return premier;
     }
 
     template <typename Lettre>
-    [[nodiscard]] static bool Commence(std::basic_string_view<Lettre> reste, std::string_view mot)
+    [[nodiscard]] static bool EstIci(std::basic_string_view<Lettre> ligne, std::size_t ici, std::string_view mot)
     {
-        if (reste.size() < mot.size())
+        if (ligne.size() - ici < mot.size())
             return false;
         for (std::size_t i = 0; i < mot.size(); ++i) {
-            if (reste[i] != static_cast<Lettre>(mot[i]))
+            if (ligne[ici + i] != static_cast<Lettre>(mot[i]))
                 return false;
         }
         return true;
