@@ -17,7 +17,7 @@ class ChoisitLePremier : public Interlocuteur
 public:
     void Information(const QString &, const QString &) override { }
     void Avertissement(const QString &, const QString &) override { }
-    std::optional<QString> ChoisitRacine(QWidget *, const QStringList &) override { return QStringLiteral("@I1@"); }
+    std::optional<QString> ChoisitRacine(QWidget *, const Lignes &) override { return QStringLiteral("@I1@"); }
     bool RacineMasculine(QWidget *) override { return true; }
 };
 

@@ -21,7 +21,7 @@ void InterlocuteurConsole::Avertissement(const QString & /*titre*/, const QStrin
     EcritUneLigne(texte);
 }
 
-std::optional<QString> InterlocuteurConsole::ChoisitRacine(QWidget * /*parent*/, const QStringList & /*individus*/)
+std::optional<QString> InterlocuteurConsole::ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/)
 {
     return {};
 }

@@ -1,103 +1,110 @@
 #include "gedcomimport.h"
 
 #include "arbre.h"
+#include "gedcomfiches.h"
+#include "gedcomparents.h"
 #include "infopersonne.h"
 #include "interlocuteur.h"
 #include "personne.h"
 
-#include <QHash>
 #include <QStringList>
 
 #include <limits>
-
-IndividuGED *RacinePos = nullptr;
-IndividuGED *LePere = nullptr;
-IndividuGED *LaMere = nullptr;
+#include <memory>
+#include <vector>
 
 namespace {
 
-/// The individual with this identifier; of several the last of the list. An empty identifier is nobody's.
-IndividuGED *ChercheIndividu(const QString &adresse)
-{
-    IndividuGED *trouve = nullptr;
-    if (adresse.isEmpty())
-        return nullptr;
-    for (IndividuGED *individu = LesIndividus; individu; individu = individu->suivant) {
-        if (individu->adresse == adresse)
-            trouve = individu;
-    }
-    return trouve;
-}
-
-struct Parents
-{
-    IndividuGED *pere = nullptr;
-    IndividuGED *mere = nullptr;
-};
-
-/// What ChercheLesParents would find for everybody, from one walk over each list.
-class ParentsParEnfant
+/// The texts of a file as strings. Names, places and dates come again and again: one that came lately is shared instead of
+/// made anew.
+class TextesPartages
 {
 public:
-    ParentsParEnfant()
+    explicit TextesPartages(const FichesGED &desFiches)
+        : fiches(desFiches)
+        , recents(nombreDeRecents)
     {
-        QHash<QString, IndividuGED *> individus;
-        for (IndividuGED *individu = LesIndividus; individu; individu = individu->suivant)
-            individus.insert(individu->adresse, individu);
-        individus.remove(QString());
-        for (const FamilleGED *famille = LesFamilles; famille; famille = famille->suivante) {
-            const Parents couple{individus.value(famille->mari), individus.value(famille->femme)};
-            for (const EnfantGED *enfant = famille->enfants; enfant; enfant = enfant->suivant)
-                Note(enfant->adresse, couple);
-        }
-        parEnfant.remove(QString());
     }
 
-    [[nodiscard]] Parents De(const IndividuGED &individu) const { return parEnfant.value(individu.adresse); }
+    [[nodiscard]] QString De(const FicheIndividu &individu, ChampGED champ)
+    {
+        const QByteArrayView brut = fiches.Brut(individu, champ);
+        if (brut.isEmpty())
+            return {};
+        if (brut.size() > plusLong)
+            return fiches.Texte(brut);
+        Recent &recent = recents[qHash(brut) % nombreDeRecents];
+        if (recent.brut != brut)
+            recent = {brut, fiches.Texte(brut)};
+        return recent.texte;
+    }
 
 private:
-    /// A later family wins, for the father and for the mother on their own.
-    void Note(const QString &enfant, const Parents &couple)
-    {
-        Parents &parents = parEnfant[enfant];
-        if (couple.pere)
-            parents.pere = couple.pere;
-        if (couple.mere)
-            parents.mere = couple.mere;
-    }
+    static constexpr qsizetype plusLong = 100;
+    static constexpr std::size_t nombreDeRecents = 1024;
 
-    QHash<QString, Parents> parEnfant;
+    struct Recent
+    {
+        QByteArrayView brut;
+        QString texte;
+    };
+
+    const FichesGED &fiches;
+    std::vector<Recent> recents;
 };
 
 /// The climb from the root to all its ancestors.
 class Montee
 {
 public:
-    explicit Montee(Arbre &unArbre)
+    Montee(Arbre &unArbre, const FichesGED &desFiches)
         : arbre(unArbre)
+        , fiches(desFiches)
+        , textes(desFiches)
+        , dernieresPlaces(fiches.individus.size(), aucune)
     {
     }
 
-    /// Numbers grow along the list, and parents go to its end: everybody is met once, after his child.
-    void Monte(IndividuGED *racine)
+    void Monte(int racine)
     {
-        places.insert(1, racine);
-        for (Personne *personne = arbre.premiere; personne; personne = personne->suivante)
-            AjouteLesParents(*personne);
+        MetLaRacine(racine);
+        if (fiches.individus.size() < 2)
+            return;
+        const ParentsGED index(fiches);
+        // Numbers grow along the list, and parents go to its end: everybody is met once, after his child.
+        Personne *personne = arbre.premiere;
+        for (int place = 0; personne; ++place, personne = personne->suivante)
+            AjouteLesParents(*personne, place, index);
     }
 
 private:
-    void AjouteLesParents(Personne &personne)
+    static constexpr int aucune = -1;
+
+    /// Who stands at a place of the list, and where his child stands.
+    struct Place
     {
-        const IndividuGED *individu = places.value(personne.numero);
+        int individu;
+        int enfant;
+    };
+
+    void MetLaRacine(int individu)
+    {
+        auto *racine = new Personne(0);
+        racine->info = new InfoPersonne;
+        racine->numero = 1;
+        arbre.AjouteASaPlace(racine);
+        Occupe(*racine, individu, aucune);
+    }
+
+    void AjouteLesParents(Personne &personne, int place, const ParentsGED &index)
+    {
+        const int individu = places.at(place).individu;
         // Found again higher up since: only the later place has parents.
-        if (individu->numero != personne.numero || !ALaPlaceDeParents(personne))
+        if (dernieresPlaces.at(individu) != place || !ALaPlaceDeParents(personne))
             return;
-        const Parents parents = index.De(*individu);
-        if (parents.pere && !EstDansLaLignee(*parents.pere, personne))
-            Ajoute(personne, *parents.pere, true);
-        if (parents.mere && !EstDansLaLignee(*parents.mere, personne))
-            Ajoute(personne, *parents.mere, false);
+        const ParentsGED::Parents parents = index.De(individu);
+        Ajoute(personne, place, parents.pere, true);
+        Ajoute(personne, place, parents.mere, false);
     }
 
     static bool ALaPlaceDeParents(const Personne &personne)
@@ -105,71 +112,105 @@ private:
         return personne.numero <= (std::numeric_limits<quint64>::max() - 1) / 2;
     }
 
-    /// \a parent stands somewhere between \a personne and the root: a file may make somebody his own ancestor.
-    [[nodiscard]] bool EstDansLaLignee(const IndividuGED &parent, const Personne &personne) const
+    void Ajoute(Personne &enfant, int placeEnfant, int individu, bool estPere)
     {
-        for (quint64 numero = personne.numero; numero != 0; numero /= 2) {
-            if (places.value(numero) == &parent)
+        if (individu == aucunIndividu || EstDansLaLignee(individu, placeEnfant))
+            return;
+        Occupe(*arbre.AjoutePersonne(&enfant, estPere, arbre.derniere), individu, placeEnfant);
+    }
+
+    /// Stands somewhere from \a place down to the root: a file may make somebody his own ancestor.
+    [[nodiscard]] bool EstDansLaLignee(int individu, int place) const
+    {
+        if (dernieresPlaces.at(individu) == aucune)
+            return false;
+        for (; place != aucune; place = places.at(place).enfant) {
+            if (places.at(place).individu == individu)
                 return true;
         }
         return false;
     }
 
-    void Ajoute(Personne &enfant, IndividuGED &individu, bool estPere)
+    /// Writes who \a personne, the last of the list, is.
+    void Occupe(Personne &personne, int individu, int placeEnfant)
     {
-        Personne *parent = arbre.AjoutePersonne(&enfant, estPere, arbre.derniere);
-        CopieInfo(&individu, parent);
-        individu.numero = parent->numero;
-        places.insert(parent->numero, &individu);
+        const FicheIndividu &fiche = fiches.individus.at(individu);
+        InfoPersonne &info = *personne.info;
+        info.nom = textes.De(fiche, ChampGED::Nom);
+        info.prenom = textes.De(fiche, ChampGED::Prenom);
+        info.datenaissance = textes.De(fiche, ChampGED::DateNaissance);
+        info.lieunaissance = textes.De(fiche, ChampGED::LieuNaissance);
+        info.datedeces = textes.De(fiche, ChampGED::DateDeces);
+        info.lieudeces = textes.De(fiche, ChampGED::LieuDeces);
+        info.divers = textes.De(fiche, ChampGED::Occu);
+        dernieresPlaces[individu] = static_cast<int>(places.size());
+        places.append({individu, placeEnfant});
     }
 
     Arbre &arbre;
-    const ParentsParEnfant index;
-    QHash<quint64, IndividuGED *> places;  ///< who stands at each number
+    const FichesGED &fiches;
+    TextesPartages textes;
+    QList<Place> places;         ///< in the order of the list
+    QList<int> dernieresPlaces;  ///< of each individual the one found last
 };
 
-QString LigneDeChoix(const IndividuGED &individu)
+/// One line for each individual, the last of the file first.
+QStringList LignesDeChoix(const FichesGED &fiches)
 {
-    return individu.adresse + u' ' + individu.prenom + u' ' + individu.nom + QStringLiteral(" né(e) le ")
-        + individu.datenaissance + QStringLiteral(" à ") + individu.lieunaissance;
+    const QByteArray blanc = fiches.Code(QStringLiteral(" "));
+    const QByteArray ne = fiches.Code(QStringLiteral(" né(e) le "));
+    const QByteArray a = fiches.Code(QStringLiteral(" à "));
+    QStringList lignes;
+    lignes.reserve(fiches.individus.size());
+    QByteArray ligne;
+    for (qsizetype i = fiches.individus.size() - 1; i >= 0; --i) {
+        const auto brut = [&](ChampGED champ) { return fiches.Brut(fiches.individus.at(i), champ); };
+        ligne.resize(0);  // keeps its memory
+        ligne.append(brut(ChampGED::Adresse)).append(blanc).append(brut(ChampGED::Prenom)).append(blanc);
+        ligne.append(brut(ChampGED::Nom)).append(ne).append(brut(ChampGED::DateNaissance));
+        ligne.append(a).append(brut(ChampGED::LieuNaissance));
+        lignes += fiches.Texte(ligne);
+    }
+    return lignes;
 }
 
 /// The identifier of the root that the user chose; empty when the dialog was given up.
-QString DemandeLaRacine(QWidget *parent)
+QString DemandeLaRacine(QWidget *parent, const FichesGED &fiches)
 {
-    QStringList lignes;
-    lignes.reserve(CompteIndiv());
-    for (const IndividuGED *individu = LesIndividus; individu; individu = individu->suivant)
-        lignes += LigneDeChoix(*individu);
+    const auto lignes = [&fiches] { return LignesDeChoix(fiches); };
     QString choix = Interlocuteur::Courant().ChoisitRacine(parent, lignes).value_or(QString());
     return DecodeAdresse(choix);
 }
 
-void CreeLaRacine(Arbre &arbre)
+/// Who bears this identifier or, when it is empty, who is nobody's spouse: the first of the file.
+int TrouveLaRacine(const FichesGED &fiches, const QString &adresse)
 {
-    auto *racine = new Personne(0);
-    racine->info = new InfoPersonne;
-    CopieInfo(RacinePos, racine);
-    RacinePos->numero = 1;
-    racine->numero = 1;
-    arbre.AjouteASaPlace(racine);
+    const ChampGED champ = adresse.isEmpty() ? ChampGED::Fams : ChampGED::Adresse;
+    const QByteArray cherche = fiches.Code(adresse);
+    const auto nombre = static_cast<int>(fiches.individus.size());
+    for (int i = 0; i < nombre; ++i) {
+        const QByteArrayView brut = fiches.Brut(fiches.individus.at(i), champ);
+        // Half a letter that was typed has no code of its own.
+        if (brut == cherche && fiches.Texte(brut) == adresse)
+            return i;
+    }
+    return aucunIndividu;
 }
 
 /// Why nothing could be imported; empty when the tree was made.
 QString Importe(QWidget *parent, const QString &nomFichier, Arbre &arbre)
 {
-    if (!DecodeFichierGED(nomFichier))
+    const std::unique_ptr<const FichesGED> fiches = LitFichesGED(nomFichier);
+    if (!fiches)
         return QStringLiteral("Impossible de traiter le fichier ") + nomFichier;
-    if (!LesIndividus)
+    if (fiches->individus.isEmpty())
         return QStringLiteral("Impossible de construire un arbre à partir de ") + nomFichier;
-    QString racine = DemandeLaRacine(parent);
-    ChercheRacine(racine);
-    if (!RacinePos)
-        return QStringLiteral("Impossible de trouver la personne  ") + racine
+    const QString adresse = DemandeLaRacine(parent, *fiches);
+    const int racine = TrouveLaRacine(*fiches, adresse);
+    if (racine == aucunIndividu)
+        return QStringLiteral("Impossible de trouver la personne  ") + adresse
             + QStringLiteral("\nproposée comme racine de l'arbre");
-    CreeLaRacine(arbre);
-    if (CompteIndiv() >= 2)
-        Montee(arbre).Monte(RacinePos);
+    Montee(arbre, *fiches).Monte(racine);
     return {};
 }
 
@@ -178,59 +219,8 @@ QString Importe(QWidget *parent, const QString &nomFichier, Arbre &arbre)
 void ImporterDeFichierGEDCOM(QWidget *parent, const QString &nomFichier, Arbre *arbre)
 {
     VideLesListesGED();
+    RacinePos = LePere = LaMere = nullptr;
     const QString echec = Importe(parent, nomFichier, *arbre);
     if (!echec.isEmpty())
         Interlocuteur::Courant().Information(QStringLiteral("Information"), echec);
-    VideLesListesGED();
-}
-
-long CompteIndiv()
-{
-    long nombre = 0;
-    for (const IndividuGED *individu = LesIndividus; individu; individu = individu->suivant)
-        ++nombre;
-    return nombre;
-}
-
-void ChercheRacine(QString &adresse)
-{
-    RacinePos = nullptr;
-    if (!adresse.isEmpty()) {
-        RacinePos = ChercheIndividu(adresse);
-        return;
-    }
-    for (IndividuGED *individu = LesIndividus; individu; individu = individu->suivant) {
-        if (individu->fams.isEmpty())
-            RacinePos = individu;
-    }
-}
-
-void ChercheLesParents(IndividuGED *ind)
-{
-    LePere = nullptr;
-    LaMere = nullptr;
-    if (ind->adresse.isEmpty())
-        return;
-    for (const FamilleGED *famille = LesFamilles; famille; famille = famille->suivante) {
-        for (const EnfantGED *enfant = famille->enfants; enfant; enfant = enfant->suivant) {
-            if (enfant->adresse != ind->adresse)
-                continue;
-            if (IndividuGED *mari = ChercheIndividu(famille->mari))
-                LePere = mari;
-            if (IndividuGED *femme = ChercheIndividu(famille->femme))
-                LaMere = femme;
-        }
-    }
-}
-
-void CopieInfo(IndividuGED *individu, Personne *personne)
-{
-    InfoPersonne &info = *personne->info;
-    info.nom = individu->nom;
-    info.prenom = individu->prenom;
-    info.datenaissance = individu->datenaissance;
-    info.lieunaissance = individu->lieunaissance;
-    info.datedeces = individu->datedeces;
-    info.lieudeces = individu->lieudeces;
-    info.divers = individu->occu;
 }

@@ -2,10 +2,7 @@
 
 #include "ansel.h"
 
-#include <QByteArrayView>
 #include <QStringDecoder>
-
-#include <optional>
 
 namespace {
 
@@ -87,11 +84,10 @@ qsizetype FinDesLettresEntieres(const QByteArray &octets)
 /// The text when all bytes are valid UTF-8; a last letter may be cut off where others show what the file is.
 std::optional<QString> DecodeUtf8(const QByteArray &octets)
 {
-    QStringDecoder decodeur(QStringConverter::Utf8, QStringConverter::Flag::Stateless);
     const QByteArrayView entiers = QByteArrayView(octets).first(FinDesLettresEntieres(octets));
-    QString texte = decodeur.decode(entiers);
-    if (decodeur.hasError())
+    if (!entiers.isValidUtf8())
         return {};
+    QString texte = QString::fromUtf8(entiers);
     if (entiers.size() < octets.size()) {
         if (texte.size() == entiers.size())
             return {};
@@ -112,4 +108,17 @@ QString TexteGED(const QByteArray &octets)
         return QStringDecoder(QStringConverter::Utf16LE).decode(octets);
     const std::optional<QString> utf8 = DecodeUtf8(octets);
     return utf8 ? *utf8 : DecodeSelonLEnTete(octets);
+}
+
+std::optional<QByteArrayView> Utf8GED(const QByteArray &octets)
+{
+    QByteArrayView texte(octets);
+    if (const auto marque = QStringConverter::encodingForData(octets)) {
+        if (*marque != QStringConverter::Utf8)
+            return {};
+        texte = texte.sliced(3);
+    } else if (EstUtf16SansMarque(octets, 0) || EstUtf16SansMarque(octets, 1)) {
+        return {};
+    }
+    return texte.isValidUtf8() ? std::optional(texte) : std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -20,9 +21,11 @@ public:
     /// A failure to read or write.
     virtual void Avertissement(const QString &titre, const QString &texte) = 0;
 
+    /// What makes the lines of a choice. To call it takes time and memory: only who shows the lines does.
+    using Lignes = std::function<QStringList()>;
     /// Which of the individuals of a GEDCOM file, one line each, is the root? The text that the user chose or typed, none
-    /// when it was given up. \a parent owns what is shown.
-    [[nodiscard]] virtual std::optional<QString> ChoisitRacine(QWidget *parent, const QStringList &individus) = 0;
+    /// when it was given up. \a parent owns what is shown; \a individus is good during the call.
+    [[nodiscard]] virtual std::optional<QString> ChoisitRacine(QWidget *parent, const Lignes &individus) = 0;
     /// Is the root a man? Its number does not tell.
     [[nodiscard]] virtual bool RacineMasculine(QWidget *parent) = 0;
 

@@ -23,9 +23,9 @@ public:
         notes += QStringLiteral("avertissement|") + titre + u'|' + texte;
     }
 
-    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const QStringList &individus) override
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const Lignes &individus) override
     {
-        notes += QStringLiteral("racine|") + individus.join(u'|');
+        notes += QStringLiteral("racine|") + individus().join(u'|');
         return racine;
     }
     bool RacineMasculine(QWidget * /*parent*/) override

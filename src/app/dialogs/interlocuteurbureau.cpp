@@ -15,12 +15,12 @@ void InterlocuteurBureau::Avertissement(const QString &titre, const QString &tex
     Boites::Avertissement(nullptr, titre, texte);
 }
 
-std::optional<QString> InterlocuteurBureau::ChoisitRacine(QWidget *parent, const QStringList &individus)
+std::optional<QString> InterlocuteurBureau::ChoisitRacine(QWidget *parent, const Lignes &individus)
 {
     const CurseurRendu curseur;
     DlgIndRac dialogue(parent);
     dialogue.IndividuChoisi->clear();
-    dialogue.ListeDesIndividus->addItems(individus);
+    dialogue.ListeDesIndividus->addItems(individus());
     if (dialogue.exec() != QDialog::Accepted)
         return {};
     return dialogue.IndividuChoisi->text();

@@ -8,6 +8,6 @@ class InterlocuteurBureau : public Interlocuteur
 public:
     void Information(const QString &titre, const QString &texte) override;
     void Avertissement(const QString &titre, const QString &texte) override;
-    std::optional<QString> ChoisitRacine(QWidget *parent, const QStringList &individus) override;
+    std::optional<QString> ChoisitRacine(QWidget *parent, const Lignes &individus) override;
     bool RacineMasculine(QWidget *parent) override;
 };

@@ -70,7 +70,8 @@ void TestGedcomDialogues::leChoixDeLaRacineSOuvreSansChoix()
         vues += dialogue.isModal() ? QStringLiteral("modal") : QStringLiteral("libre");
         QTest::keyClick(&dialogue, Qt::Key_Return);
     });
-    const std::optional<QString> reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), lignes);
+    const std::optional<QString> reponse =
+        Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vues,
              lignes
@@ -134,7 +135,7 @@ void TestGedcomDialogues::laReponseEstLeTexteDuChamp()
         geste(dialogue);
         QTest::mouseClick(dialogue.OKButton, Qt::LeftButton);
     });
-    const auto rendue = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), lignes);
+    const auto rendue = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QVERIFY(rendue.has_value());
     QCOMPARE(*rendue, reponse);
@@ -157,7 +158,7 @@ void TestGedcomDialogues::renoncerNeRepondRien()
         CliqueLaLigne(dialogue, 1);
         geste(dialogue);
     });
-    QVERIFY(!Interlocuteur::Courant().ChoisitRacine(fenetre.get(), lignes).has_value());
+    QVERIFY(!Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; }).has_value());
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
 
@@ -176,7 +177,7 @@ void TestGedcomDialogues::centMilleIndividus()
         QTest::keyClick(liste, Qt::Key_End);
         QTest::mouseClick(dialogue.OKButton, Qt::LeftButton);
     });
-    const auto reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), individus);
+    const auto reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [&] { return individus; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(reponse.value_or(QStringLiteral("renoncé")), QStringLiteral("@I1@ Prénom NOM1 né(e) le  à "));
 }
@@ -232,7 +233,7 @@ void TestGedcomDialogues::aucunDialogueNeReste()
     Scenario scenario;
     scenario.Dialogue<DlgIndRac>([](DlgIndRac &dialogue) { dialogue.accept(); });
     scenario.Dialogue<DlgSexRac>([](DlgSexRac &dialogue) { dialogue.accept(); });
-    QVERIFY(Interlocuteur::Courant().ChoisitRacine(fenetre.get(), lignes).has_value());
+    QVERIFY(Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; }).has_value());
     QVERIFY(Interlocuteur::Courant().RacineMasculine(fenetre.get()));
     QCOMPARE(scenario.Ecarts(), QStringList());
     QVERIFY(fenetre->findChildren<QDialog *>().isEmpty());
