@@ -68,7 +68,8 @@ public:
     FamilleGED *suivante = nullptr;
 };
 
-/// What the last file held, in the reverse of its order. Filled by DecodeFichierGED, emptied by VideLesListesGED.
+/// What the last file held, in the reverse of its order. Filled by DecodeFichierGED, emptied by VideLesListesGED. The import
+/// reads the same records as FichesGED, without a text of their own for each.
 extern IndividuGED *LesIndividus;
 extern FamilleGED *LesFamilles;
 void VideLesListesGED();

@@ -11,10 +11,7 @@ class InterlocuteurMuet : public Interlocuteur
 public:
     void Information(const QString &titre, const QString &texte) override { Ecrit(titre, texte); }
     void Avertissement(const QString &titre, const QString &texte) override { Ecrit(titre, texte); }
-    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/) override
-    {
-        return {};
-    }
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/) override { return {}; }
     bool RacineMasculine(QWidget * /*parent*/) override { return true; }
 
 private:

@@ -22,10 +22,7 @@ public:
     }
     void Information(const QString & /*titre*/, const QString &texte) override { action(texte); }
     void Avertissement(const QString & /*titre*/, const QString &texte) override { action(texte); }
-    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/) override
-    {
-        return {};
-    }
+    std::optional<QString> ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/) override { return {}; }
     bool RacineMasculine(QWidget * /*parent*/) override { return true; }
 
 private:

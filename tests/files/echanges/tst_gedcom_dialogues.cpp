@@ -70,7 +70,8 @@ void TestGedcomDialogues::leChoixDeLaRacineSOuvreSansChoix()
         vues += dialogue.isModal() ? QStringLiteral("modal") : QStringLiteral("libre");
         QTest::keyClick(&dialogue, Qt::Key_Return);
     });
-    const std::optional<QString> reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
+    const std::optional<QString> reponse =
+        Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vues,
              lignes
