@@ -45,13 +45,23 @@ InfoPersonne *CopieDe(const InfoPersonne &info, const QString &repertoire)
     return copie;
 }
 
+/// Counted: what the tree says of itself may be wrong.
+qsizetype NombreDePersonnes(const Arbre &arbre)
+{
+    qsizetype nombre = 0;
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante)
+        ++nombre;
+    return nombre;
+}
+
 /// The tree that grows, with an index of its numbers and the place where the last person went.
 class Assemblage
 {
 public:
-    explicit Assemblage(Arbre &unArbre)
+    Assemblage(Arbre &unArbre, qsizetype personnesAttendues)
         : arbre(unArbre)
     {
+        parNumero.reserve(personnesAttendues);
     }
 
     void Ajoute(Personne *personne)
@@ -62,8 +72,8 @@ public:
         arbre.AjouteASaPlace(personne, depuis);
         triee = triee && EstASaPlace(*personne);
         dernierAjout = personne;
-        if (!parNumero.contains(personne->numero))
-            parNumero.insert(personne->numero, personne);
+        if (Personne *&premier = parNumero[personne->numero]; !premier)
+            premier = personne;
     }
 
     void AjouteLeCote(const Arbre &source, bool estPere, const QString &repertoire)
@@ -130,7 +140,7 @@ void RelieASonEnfant(Personne *enfant, Personne *copie)
 
 void AssembleArbres(Arbre &arbre, const Arbre &arbrePere, const Arbre &arbreMere, const QString &repertoire)
 {
-    Assemblage assemblage(arbre);
+    Assemblage assemblage(arbre, 1 + NombreDePersonnes(arbrePere) + NombreDePersonnes(arbreMere));
     assemblage.Ajoute(RacineEnfant());
     assemblage.AjouteLeCote(arbrePere, true, repertoire);
     assemblage.AjouteLeCote(arbreMere, false, repertoire);

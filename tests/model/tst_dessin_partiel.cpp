@@ -227,9 +227,9 @@ void TestDessinPartiel::bandeParBandeLeDessinEstEntier()
     QFETCH(Reglage, reglage);
     reglage.origine += QPoint(250, 150);
     const auto arbre = ArbreDeNumeros({1, 2, 3});
-    DisposeArbre(*arbre, reglage.formats, reglage.sx, reglage.sy);
     Personne *mere = Trouve(*arbre, 3);
     mere->numero = 9223372036854775809U;
+    DisposeArbre(*arbre, reglage.formats, reglage.sx, reglage.sy);
     mere->info->prenom = QString(25, u'W');
     mere->info->divers = QString(30, u'W').replace(u'W', QStringLiteral("W "));
     arbre->TextesChanges(*mere);
