@@ -10,7 +10,7 @@ void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, cons
                     const LesPolices &polices, bool arbreOuvert)
 {
     const QRect zone = ZoneMontree(*painter);
-    const Encombrement encombrement(painter->device(), sx, sy, formats, polices, arbreOuvert);
+    const Encombrement encombrement(*painter, sx, sy, formats, polices, arbreOuvert);
     DebordsPeints *peints = index ? &index->Peints() : nullptr;
     if (peints)
         peints->CommencePour(encombrement);

@@ -7,17 +7,13 @@
 #include <QFontMetrics>
 #include <QPaintDevice>
 #include <QPaintEngine>
+#include <QPainter>
 
 #include <cstdlib>
 
 namespace {
 
 constexpr long ecartSelection = 3;
-
-QFontMetrics Mesures(const QFont &police, const QPaintDevice *appareil)
-{
-    return appareil ? QFontMetrics(police, appareil) : QFontMetrics(police);
-}
 
 long NombreDeChiffres(quint64 numero)
 {
@@ -52,12 +48,12 @@ bool Coins::Contient(long x, long y) const
     return gauche <= cx && cx <= droite && haut <= cy && cy <= bas;
 }
 
-Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, const FormatsDessins &formats,
+Encombrement::Encombrement(const QPainter &peintre, float sx, float sy, const FormatsDessins &formats,
                            const LesPolices &polices, bool arbreOuvert)
-    : appareilVu(appareil && appareil->paintEngine() ? appareil->paintEngine()->type() : -1)
-    , pointsParPouceX(appareil ? appareil->logicalDpiX() : 0)
-    , pointsParPouceY(appareil ? appareil->logicalDpiY() : 0)
-    , finesse(appareil ? appareil->devicePixelRatioF() : 1.0)
+    : appareilVu(peintre.paintEngine()->type())
+    , pointsParPouceX(peintre.device()->logicalDpiX())
+    , pointsParPouceY(peintre.device()->logicalDpiY())
+    , finesse(peintre.device()->devicePixelRatioF())
     , texteEntier(arbreOuvert)
     , policeNumeros(PoliceDessinable(polices.policeNumeros))
     , policeTextes(PoliceDessinable(polices.policeTextes))
@@ -67,8 +63,8 @@ Encombrement::Encombrement(const QPaintDevice *appareil, float sx, float sy, con
     , ecartPhoto(EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000))
     , margeTextes(Px(formats.margeDansCadre, sx))
     , largeurTextes(MaxLI(largeurCadre - 2 * margeTextes, 1))
-    , hauteurNumero(Mesures(policeNumeros, appareil).height())
-    , hauteurLigne(Mesures(policeTextes, appareil).height() + 2)
+    , hauteurNumero(QFontMetrics(policeNumeros, peintre.device()).height())
+    , hauteurLigne(QFontMetrics(policeTextes, peintre.device()).height() + 2)
 {
 }
 

@@ -5,7 +5,7 @@
 #include <QFont>
 #include <QRect>
 
-class QPaintDevice;
+class QPainter;
 struct FormatsDessins;
 struct LesPolices;
 
@@ -37,9 +37,9 @@ struct Debords
 class Encombrement
 {
 public:
-    /// \a appareil none: any screen.
-    Encombrement(const QPaintDevice *appareil, float sx, float sy, const FormatsDessins &formats,
-                 const LesPolices &polices, bool arbreOuvert);
+    /// For what \a peintre, which is active, draws on.
+    Encombrement(const QPainter &peintre, float sx, float sy, const FormatsDessins &formats, const LesPolices &polices,
+                 bool arbreOuvert);
 
     bool operator==(const Encombrement &autre) const = default;
 
