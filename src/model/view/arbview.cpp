@@ -35,8 +35,22 @@ arbView::arbView(QWidget *parent, RamelierDoc *document)
     connect(doc, &RamelierDoc::documentChanged, this, &arbView::slotDocumentChanged);
 }
 
+void arbView::PrendOrigine(QPoint point)
+{
+    if (origine == point)
+        return;
+    origine = point;
+    update();
+}
+
+QPoint arbView::PointDuDessin(const QMouseEvent &evenement) const
+{
+    return evenement.position().toPoint() + origine;
+}
+
 void arbView::PrendLaTailleDuCanevas()
 {
+    Q_EMIT canevasMesure(doc->largeurCanevas, doc->hauteurCanevas);
     resize(TaillePossible(doc->largeurCanevas, doc->hauteurCanevas));
 }
 
@@ -45,7 +59,8 @@ void arbView::paintEvent(QPaintEvent *evenement)
     QPainter painter(this);
     if (!doc->arbre)
         return;
-    painter.setClipRect(evenement->rect());
+    painter.translate(-origine);
+    painter.setClipRect(evenement->rect().translated(origine));
     if (!doc->canevasCalcule) {
         doc->CalcTailleCanevas(&painter, echelleX, echelleY);
         PrendLaTailleDuCanevas();
@@ -58,7 +73,7 @@ void arbView::mousePressEvent(QMouseEvent *evenement)
 {
     if (!doc->arbre)
         return;
-    const QPoint point = evenement->position().toPoint();
+    const QPoint point = PointDuDessin(*evenement);
     if (evenement->button() == Qt::LeftButton) {
         doc->DeselectSelect(point.x(), point.y(), echelleX, echelleY);
     } else if (evenement->button() == Qt::RightButton) {
@@ -79,6 +94,7 @@ void arbView::slotDocumentChanged(int code)
 {
     switch (code) {
     case 0:
+        Q_EMIT canevasMesure(0, 0);
         resize(zoneDefilement->size());
         break;
     case 1:
