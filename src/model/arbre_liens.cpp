@@ -11,9 +11,18 @@ namespace {
 /// The persons seen so far on a backward walk, by number. Where several bear one number, the last of the list counts.
 struct Porteur
 {
-    Personne *personne;
+    Personne *personne = nullptr;
     bool estParent = false;
 };
+
+/// Counted: what the tree says of itself may be wrong.
+qsizetype NombreDePersonnes(const Arbre &arbre)
+{
+    qsizetype nombre = 0;
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante)
+        ++nombre;
+    return nombre;
+}
 
 Personne *PrendParent(QHash<quint64, Porteur> &porteurs, quint64 numero)
 {
@@ -32,11 +41,12 @@ void Arbre::DetermineLiensDeParente()
 {
     OublieLesPlaces();
     QHash<quint64, Porteur> porteurs;
+    porteurs.reserve(NombreDePersonnes(*this));
     for (Personne *personne = derniere; personne; personne = personne->precedente) {
         personne->ptrPere = PrendParent(porteurs, personne->pere);
         personne->ptrMere = PrendParent(porteurs, personne->mere);
-        if (!porteurs.contains(personne->numero))
-            porteurs.insert(personne->numero, {personne});
+        if (Porteur &porteur = porteurs[personne->numero]; !porteur.personne)
+            porteur.personne = personne;
     }
 }
 

@@ -45,35 +45,27 @@ InfoPersonne *CopieDe(const InfoPersonne &info, const QString &repertoire)
     return copie;
 }
 
-/// Counted: what the tree says of itself may be wrong.
-qsizetype NombreDePersonnes(const Arbre &arbre)
-{
-    qsizetype nombre = 0;
-    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante)
-        ++nombre;
-    return nombre;
-}
-
-/// The tree that grows, with an index of its numbers and the place where the last person went.
+/// The tree that grows, with the place where the last person went. While its list is in the strict order of the numbers,
+/// children are found by going along it; then an index of the numbers serves.
 class Assemblage
 {
 public:
-    Assemblage(Arbre &unArbre, qsizetype personnesAttendues)
+    explicit Assemblage(Arbre &unArbre)
         : arbre(unArbre)
     {
-        parNumero.reserve(personnesAttendues);
     }
 
     void Ajoute(Personne *personne)
     {
-        RelieASonEnfant(parNumero.value(personne->enfant), personne);
+        RelieASonEnfant(EnfantDe(*personne), personne);
         // Both sides come in the order of their numbers: each place lies behind the one before.
         Personne *depuis = triee && dernierAjout && personne->numero > dernierAjout->numero ? dernierAjout : nullptr;
         arbre.AjouteASaPlace(personne, depuis);
-        triee = triee && EstASaPlace(*personne);
         dernierAjout = personne;
-        if (Personne *&premier = parNumero[personne->numero]; !premier)
-            premier = personne;
+        if (!triee)
+            Inscrit(personne);
+        else if (!EstASaPlace(*personne))
+            PasseALIndex();
     }
 
     void AjouteLeCote(const Arbre &source, bool estPere, const QString &repertoire)
@@ -86,6 +78,32 @@ public:
     }
 
 private:
+    Personne *EnfantDe(const Personne &personne)
+    {
+        if (!triee)
+            return parNumero.value(personne.enfant);
+        // Children come in the order of their numbers too.
+        if (!enfant || enfant->numero > personne.enfant)
+            enfant = arbre.premiere;
+        while (enfant && enfant->numero < personne.enfant)
+            enfant = enfant->suivante;
+        return enfant && enfant->numero == personne.enfant ? enfant : nullptr;
+    }
+
+    void PasseALIndex()
+    {
+        triee = false;
+        for (Personne *personne = arbre.premiere; personne; personne = personne->suivante)
+            Inscrit(personne);
+    }
+
+    /// Of several who bear a number the first of the list counts.
+    void Inscrit(Personne *personne)
+    {
+        if (Personne *&premier = parNumero[personne->numero]; !premier)
+            premier = personne;
+    }
+
     static bool EstASaPlace(const Personne &personne)
     {
         return (!personne.precedente || personne.precedente->numero < personne.numero)
@@ -93,9 +111,10 @@ private:
     }
 
     Arbre &arbre;
-    QHash<quint64, Personne *> parNumero;
+    QHash<quint64, Personne *> parNumero;  ///< empty while the list is in order
     Personne *dernierAjout = nullptr;
-    bool triee = true;  ///< a source out of order makes a list where only the whole walk finds the place
+    Personne *enfant = nullptr;  ///< the last one looked for, or the next in order
+    bool triee = true;           ///< a source out of order makes a list where only the whole walk finds the place
 };
 
 Personne *RacineEnfant()
@@ -140,7 +159,7 @@ void RelieASonEnfant(Personne *enfant, Personne *copie)
 
 void AssembleArbres(Arbre &arbre, const Arbre &arbrePere, const Arbre &arbreMere, const QString &repertoire)
 {
-    Assemblage assemblage(arbre, 1 + NombreDePersonnes(arbrePere) + NombreDePersonnes(arbreMere));
+    Assemblage assemblage(arbre);
     assemblage.Ajoute(RacineEnfant());
     assemblage.AjouteLeCote(arbrePere, true, repertoire);
     assemblage.AjouteLeCote(arbreMere, false, repertoire);
