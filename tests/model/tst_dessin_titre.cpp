@@ -23,6 +23,9 @@ private Q_SLOTS:
     void rienSansTitreNiOption_data();
     void rienSansTitreNiOption();
     void lePeintreEstRenduCommeIlEtait();
+    void bandeParBandeLeTitreEstEntier();
+    void loinDuTitreRienNEstDessine_data();
+    void loinDuTitreRienNEstDessine();
 
 private:
     [[nodiscard]] std::unique_ptr<Enregistreur> Titre() const;
@@ -140,6 +143,54 @@ void TestDessinTitre::lePeintreEstRenduCommeIlEtait()
     doc->AfficheTitre(&peintre, 4.0F, 2.0F);
     QCOMPARE(peintre.pen().color(), QColor(Qt::cyan));
     QCOMPARE(peintre.font().toString(), police.toString());
+}
+
+void TestDessinTitre::bandeParBandeLeTitreEstEntier()
+{
+    doc->arbre->infoArbre->titrearbre = QStringLiteral("Ÿ WWWWWWWW fgjq 神聖羅馬 محمد");
+    QImage tout(1400, 300, QImage::Format_RGB32);
+    tout.fill(Qt::white);
+    QImage bandes = tout;
+    QPainter peintre(&tout);
+    doc->AfficheTitre(&peintre, 4.0F, 2.0F);
+    peintre.end();
+    peintre.begin(&bandes);
+    for (int x = 0; x < bandes.width(); ++x) {
+        peintre.setClipRect(QRect(x, 0, 1, bandes.height()));
+        doc->AfficheTitre(&peintre, 4.0F, 2.0F);
+    }
+    peintre.end();
+    QCOMPARE(bandes, tout);
+    bandes.fill(Qt::white);
+    peintre.begin(&bandes);
+    for (int y = 0; y < bandes.height(); ++y) {
+        peintre.setClipRect(QRect(0, y, bandes.width(), 1));
+        doc->AfficheTitre(&peintre, 4.0F, 2.0F);
+    }
+    peintre.end();
+    QCOMPARE(bandes, tout);
+}
+
+void TestDessinTitre::loinDuTitreRienNEstDessine_data()
+{
+    QTest::addColumn<QRect>("zone");
+    QTest::addColumn<int>("textes");
+    QTest::newRow("sur lui") << QRect(100, 20, 100, 100) << 3;
+    QTest::newRow("au-dessus") << QRect(100, -300, 100, 100) << 0;
+    QTest::newRow("au-dessous") << QRect(100, 400, 100, 100) << 0;
+    QTest::newRow("à gauche") << QRect(-300, 50, 100, 100) << 0;
+    QTest::newRow("à droite") << QRect(8000, 50, 100, 100) << 0;
+}
+
+void TestDessinTitre::loinDuTitreRienNEstDessine()
+{
+    QFETCH(const QRect, zone);
+    QFETCH(const int, textes);
+    Enregistreur dessin;
+    QPainter peintre(&dessin);
+    peintre.setClipRect(zone);
+    doc->AfficheTitre(&peintre, 4.0F, 2.0F);
+    QCOMPARE(dessin.Textes().size(), textes);
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestDessinTitre)
