@@ -1,10 +1,14 @@
 #include "ecriture.h"
 
+#include "copieancienne.h"
+#include "descripteur.h"
+
 #include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
 #include <cstdio>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -33,30 +37,19 @@ mode_t DroitsDe(const QString &chemin)
     return 0666U & ~masque;
 }
 
+/// The names of \a dossier reach the disk: a power cut does not bring the old ones back.
+void SynchroniseLeDossier(const QString &dossier)
+{
+    const Descripteur ouvert(::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (ouvert.EstOuvert())
+        ::fsync(ouvert.Numero());
+}
+
 }  // namespace
 
-bool FichierTemporaire::CreeDans(const QString &dossier)
-{
-    setFileTemplate(dossier + QStringLiteral("/.ramelier-XXXXXX"));
-    return QTemporaryFile::open(QIODevice::ReadWrite | QIODevice::Unbuffered) && !fileName().isEmpty();
-}
-
-qint64 FichierTemporaire::writeData(const char *octets, qint64 nombre)
-{
-    qint64 ecrits = 0;
-    while (ecrits < nombre) {
-        const qint64 morceau = QTemporaryFile::writeData(octets + ecrits, nombre - ecrits);
-        if (morceau <= 0) {
-            complet = false;
-            return -1;
-        }
-        ecrits += morceau;
-    }
-    return ecrits;
-}
-
-EcritureFichier::EcritureFichier(const QString &nom)
-    : cible(nom)
+EcritureFichier::EcritureFichier(const QString &nom, Ancien lAncien)
+    : ancien(lAncien)
+    , cible(nom)
 {
 }
 
@@ -93,20 +86,35 @@ bool EcritureFichier::Ouvre()
     if (!EssaieLaCible())
         return false;
     cible = DerriereLesLiens(cible);
-    return temporaire.CreeDans(QFileInfo(cible).absolutePath());
+    const QString dossier = QFileInfo(cible).absolutePath();
+    RetireLesRestes(dossier);
+    return temporaire.CreeDans(dossier);
+}
+
+bool EcritureFichier::PrendLeNom()
+{
+    const QByteArray ici = QFile::encodeName(temporaire.fileName());
+    const QByteArray la = QFile::encodeName(cible);
+    CopieAncienne copie(la, ici);
+    if (ancien == Ancien::Garde)
+        copie.Pose();
+    if (std::rename(ici.constData(), la.constData()) == 0)
+        return true;
+    const int erreur = errno;
+    copie.Reprend();
+    errno = erreur;
+    return false;
 }
 
 bool EcritureFichier::Termine()
 {
     if (!temporaire.EstComplet() || !temporaire.flush())
         return Abandonne(temporaire.errorString());
-    const QByteArray ici = QFile::encodeName(temporaire.fileName());
-    const QByteArray la = QFile::encodeName(cible);
     // On the disk before it takes the name: a power cut must not leave an empty file there.
-    if (::fchmod(temporaire.handle(), DroitsDe(cible)) != 0 || ::fsync(temporaire.handle()) != 0
-        || std::rename(ici.constData(), la.constData()) != 0)
+    if (::fchmod(temporaire.handle(), DroitsDe(cible)) != 0 || ::fsync(temporaire.handle()) != 0 || !PrendLeNom())
         return Abandonne(qt_error_string(errno));
     temporaire.setAutoRemove(false);
     temporaire.close();
+    SynchroniseLeDossier(QFileInfo(cible).absolutePath());
     return true;
 }

@@ -1,30 +1,22 @@
 #pragma once
 
+#include "fichiertemporaire.h"
+
 #include <QString>
-#include <QTemporaryFile>
-
-/// A temporary file that notices every byte that did not reach the disk: on a disk that fills up a write of a part would
-/// otherwise pass for a success.
-class FichierTemporaire : public QTemporaryFile
-{
-public:
-    /// Creates and opens the file in \a dossier, unbuffered. False with errorString() when it cannot be created.
-    [[nodiscard]] bool CreeDans(const QString &dossier);
-    [[nodiscard]] bool EstComplet() const { return complet; }
-
-protected:
-    qint64 writeData(const char *octets, qint64 nombre) override;
-
-private:
-    bool complet = true;
-};
 
 /// Writes a file so that its name always holds the old content or the complete new one: the new content goes to a
-/// temporary file in the same folder that takes the name at the end. Symbolic links are followed, permissions kept.
+/// temporary file in the same folder that takes the name at the end. Symbolic links are followed, permissions kept. What a
+/// writer that was killed left in that folder is removed.
 class EcritureFichier
 {
 public:
-    explicit EcritureFichier(const QString &nom);
+    /// What becomes of the content that is replaced.
+    enum class Ancien {
+        Perdu,
+        Garde,  ///< it stays beside the file, under its name with a "~"; see CopieAncienne
+    };
+
+    explicit EcritureFichier(const QString &nom, Ancien lAncien = Ancien::Perdu);
     Q_DISABLE_COPY_MOVE(EcritureFichier)
 
     /// Tries the target as it stands, without changing it, and opens the temporary file. False with Erreur() set when
@@ -41,7 +33,9 @@ private:
     bool Refuse(const QString &cause);
     bool Abandonne(const QString &cause);
     [[nodiscard]] bool EssaieLaCible();
+    [[nodiscard]] bool PrendLeNom();
 
+    Ancien ancien;
     QString cible;  ///< the file behind every symbolic link
     FichierTemporaire temporaire;
     QString refus;  ///< why the target was not even tried, or could not take the new content

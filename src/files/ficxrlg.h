@@ -9,7 +9,8 @@ class QIODevice;
 /// escaped: a file whose texts hold "&" or "<" cannot be read back.
 
 /// Writes the whole tree to the file \a fileName, which holds the old content or the complete new one whatever happens.
-/// False after a box "Fichier XRLG" when it could not be written.
+/// The content that it replaces stays beside it under its name with a "~". False after a box "Fichier XRLG" when it could
+/// not be written.
 bool writeFicXRLG(const QString &fileName, Arbre *arbre);
 
 /// The bytes of \a arbre into \a sortie, in blocks; false when the device refused one.

@@ -145,7 +145,7 @@ bool EcritArbreXRLG(QIODevice &sortie, const Arbre &arbre)
 
 bool writeFicXRLG(const QString &fileName, Arbre *arbre)
 {
-    EcritureFichier ecriture(fileName);
+    EcritureFichier ecriture(fileName, EcritureFichier::Ancien::Garde);
     if (ecriture.Ouvre() && EcritArbreXRLG(ecriture.Appareil(), *arbre) && ecriture.Termine())
         return true;
     Interlocuteur::Courant().Avertissement(
