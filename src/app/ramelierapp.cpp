@@ -1,8 +1,10 @@
 #include "ramelierapp.h"
 
 #include "arbview.h"
+#include "copiedesecours.h"
 #include "ecran.h"
 #include "lytextedit.h"
+#include "placedesecours.h"
 #include "ramelierdoc.h"
 #include "ramelierview.h"
 
@@ -14,6 +16,8 @@
 #include <QMenu>
 #include <QSettings>
 #include <QStatusBar>
+
+#include <cstdio>
 
 namespace {
 
@@ -36,6 +40,7 @@ RamelierApp::RamelierApp(int argc, char **argv)
     resize(TailleInitiale());
     // The saved size always wins, its default of 400 x 400 included: deliberate.
     readSettings();
+    secours = std::make_unique<CopieDeSecours>(*doc, dernierRep);
     view = new RamelierView(this, doc);
     ConstruitMenusSurgissants();
     ConnecteLeDocument();
@@ -46,6 +51,7 @@ RamelierApp::RamelierApp(int argc, char **argv)
     enDemarrage = false;
     setCentralWidget(view);
     show();
+    AnnonceLesCopiesDeSecours();
 }
 
 RamelierApp::~RamelierApp()
@@ -60,6 +66,7 @@ RamelierApp::~RamelierApp()
     delete popupPersonne;
     delete popupGeneral;
     delete view;
+    secours.reset();
     delete doc;
 }
 
@@ -70,6 +77,19 @@ void RamelierApp::ConnecteLeDocument()
     connect(view->vue(), &arbView::menuSurgissant, this, &RamelierApp::slotMenuSurgissant);
     connect(doc, &RamelierDoc::autoriseAnnulation, this, &RamelierApp::slotAutoriseAnnulation);
     connect(this, &RamelierApp::docChanged, view->vue(), &arbView::slotDocumentChanged);
+}
+
+void RamelierApp::AnnonceLesCopiesDeSecours()
+{
+    QStringList copies = CopiesRetrouvees();
+    copies.removeAll(QFileInfo(doc->nomFichier).absoluteFilePath());
+    for (const QString &copie : copies)
+        std::fprintf(stderr, "Une copie de secours a été retrouvée : %s\n", QFile::encodeName(copie).constData());
+    if (copies.size() == 1)
+        Status(QStringLiteral("Une copie de secours a été retrouvée : ") + copies.constFirst());
+    else if (copies.size() > 1)
+        Status(QString::number(copies.size())
+               + QStringLiteral(" copies de secours ont été retrouvées, la plus récente : ") + copies.constFirst());
 }
 
 void RamelierApp::initStatusBar()
@@ -99,6 +119,7 @@ bool RamelierApp::TravailNonSauve() const
 void RamelierApp::MaJStatusBarreInfoModif()
 {
     labelInfoModif->setText(TravailNonSauve() ? QStringLiteral(" document modifé ") : QString(21, u' '));
+    secours->Regarde();
 }
 
 void RamelierApp::readSettings()

@@ -4,6 +4,9 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
+
+class CopieDeSecours;
 class LyTextEdit;
 class Personne;
 class QAction;
@@ -39,6 +42,7 @@ public:
     QString dernierRep;         ///< last folder used in a file dialog
     RamelierView *view = nullptr;
     RamelierDoc *doc = nullptr;
+    std::unique_ptr<CopieDeSecours> secours;  ///< keeps a copy of the unsaved work
     bool affichageComplet = true;
     QMenu *menuFichier = nullptr;
     QMenu *menuEdition = nullptr;
@@ -152,6 +156,8 @@ private:
     void initStatusBar();
     void ConstruitMenusSurgissants();
     void ConnecteLeDocument();
+    /// Tells of the copies that programs left which ended against their user's will.
+    void AnnonceLesCopiesDeSecours();
     void Remplit(QMenu *menu, std::initializer_list<QAction *> actions);
 
     void Status(const QString &texte, int duree = 0);

@@ -3,6 +3,7 @@
 #include "boites.h"
 #include "curseurattente.h"
 #include "ficoptions.h"
+#include "placedesecours.h"
 #include "ramelierdoc.h"
 
 #include <QFile>
@@ -14,6 +15,11 @@ namespace {
 const QString filtreXrlg = QStringLiteral("Fichiers au format XML (*.xrlg)");
 const QString titre = QStringLiteral("Ramelier 5.1 - ");
 constexpr int dureeMessage = 2000;
+
+bool EstLeMemeFichier(const QString &un, const QString &autre)
+{
+    return QFileInfo(un).canonicalFilePath() == QFileInfo(autre).canonicalFilePath();
+}
 
 }  // namespace
 
@@ -88,7 +94,7 @@ void RamelierApp::slotFileOpen()
                               QStringLiteral("Le fichier ") + fichierArbre + QStringLiteral(" n'existe pas"));
         return;
     }
-    dernierRep = QFileInfo(fichierArbre).absolutePath();
+    dernierRep = DossierDeLArbre(fichierArbre);
     fichierOptions = CheminDesOptions(fichierArbre);
     if (!enDemarrage)
         RepeintAvantDeTravailler();
@@ -181,7 +187,9 @@ void RamelierApp::slotFileSaveAs()
     dernierRep = QFileInfo(nom).absolutePath();
     fichierOptions = CheminDesOptions(nom);
     RepeintAvantDeTravailler();
-    doc->saveAs(fichierArbre, fichierOptions, avecOptions);
+    const QString avant = doc->nomFichier;
+    if (doc->saveAs(fichierArbre, fichierOptions, avecOptions) && !EstLeMemeFichier(avant, fichierArbre))
+        OublieLaCopieDeSecours(avant);
     setWindowTitle(titre + nom);
     Status(QStringLiteral("Arbre sauvé sous : ") + nom, dureeMessage);
     MaJStatusBarreInfoModif();

@@ -1,6 +1,7 @@
 #include "ramelierapp.h"
 
 #include "boites.h"
+#include "copiedesecours.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -12,8 +13,11 @@ bool RamelierApp::queryExit()
                         QStringLiteral("L'arbre affiché a été modifié \n enregistrer les "
                                        "modifications avant de quitter ?"),
                         {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")}, 0, 2);
-    if (reponse == 0)
+    if (reponse == 0) {
         slotFileSave();
+        // The program leaves whatever became of the save: what it did not write must not be lost.
+        secours->EcritEtGarde();
+    }
     return reponse == 0 || reponse == 1;
 }
 
