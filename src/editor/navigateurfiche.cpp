@@ -6,6 +6,13 @@
 #include <QFileInfo>
 #include <QStyle>
 
+namespace {
+
+/// Images and style sheets are read whole.
+constexpr qint64 octetsMaxRessource = qint64(512) << 20;
+
+}  // namespace
+
 NavigateurFiche::NavigateurFiche(QWidget *parent)
     : QTextBrowser(parent)
 {
@@ -21,7 +28,8 @@ QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
 {
     const QUrl url = source().resolved(nom);
     const QString chemin = url.toLocalFile();
-    const bool ordinaire = QFileInfo(chemin).isFile();
+    const QFileInfo fichier(chemin);
+    const bool ordinaire = fichier.isFile() && fichier.size() <= octetsMaxRessource;
     // Without a picture the toolkit would open the name by itself, even that of a device that never ends.
     if (type == QTextDocument::ImageResource && !ordinaire)
         return style()->standardIcon(QStyle::SP_FileIcon).pixmap(16, 16);

@@ -2,10 +2,14 @@
 
 #include "lecture.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QStringDecoder>
 
 namespace {
+
+/// A sheet is written by hand. The toolkit takes up to fifty bytes of memory for each of its letters.
+constexpr qint64 octetsMaxFiche = qint64(16) << 20;
 
 /// The charset that a page declares in its first lines; empty when it declares none.
 QByteArray CharsetDeclare(const QByteArray &octets)
@@ -42,7 +46,9 @@ QByteArray OctetsFiche(const QString &nom, QString *cause)
     QFile fichier(nom);
     QString refus;
     QByteArray octets;
-    if (OuvreEnLecture(fichier, QIODevice::ReadOnly, refus)) {
+    if (QFileInfo(nom).size() > octetsMaxFiche) {
+        refus = QStringLiteral("Le fichier est trop grand");
+    } else if (OuvreEnLecture(fichier, QIODevice::ReadOnly, refus)) {
         octets = fichier.readAll();
         if (fichier.error() == QFileDevice::NoError)
             return octets.isNull() ? QByteArray("") : octets;

@@ -9,5 +9,5 @@
 /// The text of a plain sheet: as UTF-8 where its bytes are valid UTF-8, else as ISO 8859-1.
 [[nodiscard]] QString TexteFicheSimple(const QByteArray &octets);
 /// All bytes of the regular file \a nom; a null array, with the system's words in \a cause when one is given, when there
-/// is none or it cannot be read.
+/// is none, it cannot be read or it is larger than 16 MiB.
 [[nodiscard]] QByteArray OctetsFiche(const QString &nom, QString *cause = nullptr);

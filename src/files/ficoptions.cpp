@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr qint64 octetsMax = 65536;
+
 /// The whole lengths in the order of the file.
 constexpr std::array<int FormatsDessins::*, 7> longueurs{
     &FormatsDessins::largeurCadre,    &FormatsDessins::hauteurCadre,  &FormatsDessins::distMinHoriz,
@@ -101,7 +103,9 @@ bool LitOptions(const QString &fichier, FormatsDessins *formats, LesPolices *pol
     QFile source(fichier);
     if (!source.open(QIODevice::ReadOnly))
         return false;
-    QTextStream flux(&source);
+    // A few hundred bytes; whatever else bears such a name is not read to its end.
+    const QByteArray debut = source.read(octetsMax);
+    QTextStream flux(debut);
     flux.readLine();
     flux.readLine();
     formats->epaisseurTraits = static_cast<float>(LitEntier(flux) / 10.0);

@@ -8,6 +8,8 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <utility>
+
 namespace {
 
 /// Where a DOCTYPE of \a texte starts declarations of its own, or -1. Tree files have none; in others they may blow up
@@ -34,12 +36,16 @@ qsizetype DebutDesDeclarations(const QString &texte)
     return -1;
 }
 
+bool Refuse(XrlgHandler &handler, qsizetype ligne, qsizetype colonne)
+{
+    return handler.fatalError(QXmlParseException(QStringLiteral("Le fichier n'est pas un fichier XRLG."),
+                                                 static_cast<int>(colonne), static_cast<int>(ligne)));
+}
+
 bool RefuseLesDeclarations(XrlgHandler &handler, const QString &texte, qsizetype place)
 {
     const auto ligne = QStringView(texte).left(place).count(u'\n') + 1;
-    const auto colonne = place - texte.lastIndexOf(u'\n', place);
-    return handler.fatalError(QXmlParseException(QStringLiteral("Le fichier n'est pas un fichier XRLG."),
-                                                 static_cast<int>(colonne), static_cast<int>(ligne)));
+    return Refuse(handler, ligne, place - texte.lastIndexOf(u'\n', place));
 }
 
 bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
@@ -67,8 +73,12 @@ int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
         return 1;
     }
     XrlgHandler handler(arbre, repertoire);
-    QXmlInputSource source;
     // Read through the text mode, which drops every "\r".
-    source.setData(fichier.readAll());
+    QByteArray octets = fichier.readAll();
+    // The parser would take five times the memory of such a text before anything came of it.
+    if (SansMarqueLongtemps(octets, '<'))
+        return Refuse(handler, 1, 1) ? 0 : 2;
+    QXmlInputSource source;
+    source.setData(std::exchange(octets, {}));
     return Analyse(handler, source) ? 0 : 2;
 }

@@ -232,5 +232,9 @@ std::unique_ptr<const FichesGED> LitFichesGED(const QString &nomFichier)
     QString cause;
     if (!OuvreEnLecture(fichier, QIODevice::ReadOnly, cause))
         return nullptr;
-    return std::make_unique<const FichesGED>(fichier.readAll());
+    QByteArray octets = fichier.readAll();
+    // One line would be the text of one box.
+    if (SansMarqueLongtemps(octets, '\n') && SansMarqueLongtemps(octets, '\r'))
+        return nullptr;
+    return std::make_unique<const FichesGED>(std::move(octets));
 }

@@ -2,6 +2,12 @@
 
 #include <QFileInfo>
 
+namespace {
+
+constexpr qint64 octetsMax = qint64(2) << 30;
+
+}  // namespace
+
 bool OuvreEnLecture(QFile &fichier, QIODevice::OpenMode mode, QString &cause)
 {
     const QFileInfo info(fichier.fileName());
@@ -9,8 +15,22 @@ bool OuvreEnLecture(QFile &fichier, QIODevice::OpenMode mode, QString &cause)
         cause = QStringLiteral("Ce n'est pas un fichier ordinaire");
         return false;
     }
+    if (info.isFile() && info.size() > octetsMax) {
+        cause = QStringLiteral("Le fichier est trop grand");
+        return false;
+    }
     if (fichier.open(mode))
         return true;
     cause = fichier.errorString();
+    return false;
+}
+
+bool SansMarqueLongtemps(QByteArrayView octets, char marque)
+{
+    constexpr qsizetype bloc = qsizetype(8) << 20;
+    for (qsizetype debut = 0; debut + bloc <= octets.size(); debut += bloc) {
+        if (!octets.sliced(debut, bloc).contains(marque))
+            return true;
+    }
     return false;
 }
