@@ -55,8 +55,9 @@ public:
     int load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode);
     /// Fills the tree with the reader that the name asks for; see LitFichierArbre.
     int OuvreFichierArbre(const QString &fileName, QString &repertoire);
-    /// Writes the tree to its file and, when they changed, the formats and fonts to \a fichierOptions. False, the flags
-    /// unchanged, when the tree could not be written (the user has been told) or there is none.
+    /// Writes the tree to its file and, when they changed, the formats and fonts to \a fichierOptions: when only these
+    /// could not be written, the user is told. False, the flags unchanged, when the tree could not be written (the user has
+    /// been told) or there is none.
     bool save(QString &fichierOptions);
     /// Writes the tree as XRLG under a new name, which becomes its own (after a failure a tree from an older file has
     /// none); writes the formats and fonts when they changed or
@@ -135,6 +136,7 @@ Q_SIGNALS:
 
 private:
     void SupprimeArbre();
+    void SauveLesOptions(const QString &fichier);
     bool AbandonneLaCreation(QWidget *parent, const QString &titre, const QString &raison);
     void CreeLaRacine();
     void CommenceUnArbreSansFichier(const QString &titre);

@@ -5,6 +5,7 @@
 #include "ficarbre.h"
 #include "ficoptions.h"
 #include "ficxrlg.h"
+#include "interlocuteur.h"
 
 #include <utility>
 
@@ -47,6 +48,18 @@ int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fic
     return 1;
 }
 
+void RamelierDoc::SauveLesOptions(const QString &fichier)
+{
+    if (saveOptions(fichier, &formats, &polices, OptionsParArbre))
+        return;
+    Interlocuteur::Courant().Avertissement(
+        QStringLiteral("Options de l'arbre"),
+        QStringLiteral("L'arbre est enregistré, mais pas ses options de dessin ni ses caractères :\n"
+                       "le fichier %1 ne peut pas être écrit.\n"
+                       "Pour recommencer : « Options de dessin... », « OK », puis « Sauver ».")
+            .arg(fichier));
+}
+
 bool RamelierDoc::save(QString &fichierOptions)
 {
     const CurseurAttente attente;
@@ -54,7 +67,7 @@ bool RamelierDoc::save(QString &fichierOptions)
         return false;
     modifie = false;
     if (optionsModifiees)
-        saveOptions(fichierOptions, &formats, &polices, OptionsParArbre);
+        SauveLesOptions(fichierOptions);
     optionsModifiees = false;
     return true;
 }
@@ -75,7 +88,7 @@ bool RamelierDoc::saveAs(const QString &fileName, QString &fichierOptions, bool 
     nomFichier = fileName;
     modifie = false;
     if (optionsModifiees || avecOptions)
-        saveOptions(fichierOptions, &formats, &polices, OptionsParArbre);
+        SauveLesOptions(fichierOptions);
     optionsModifiees = false;
     return true;
 }
