@@ -16,8 +16,9 @@ namespace {
 class LignesXRLG
 {
 public:
-    explicit LignesXRLG(QIODevice &appareil)
+    LignesXRLG(QIODevice &appareil, TextesXRLG desTextes)
         : sortie(appareil)
+        , echappe(desTextes == TextesXRLG::Echappes)
     {
         tampon.reserve(taille + 4096);
     }
@@ -33,10 +34,7 @@ public:
     void Element(int niveau, const char *balise, const QString &texte)
     {
         Ouvre(niveau, balise);
-        const qsizetype debut = tampon.size();
-        tampon.resize(debut + codeur.requiredSpace(texte.size()));
-        const char *fin = codeur.appendToBuffer(tampon.data() + debut, texte);
-        tampon.truncate(fin - tampon.constData());
+        Code(echappe ? texte.toHtmlEscaped() : texte);
         Ferme(balise);
     }
 
@@ -72,6 +70,14 @@ private:
 
     void Ferme(const char *balise) { tampon.append("</").append(balise).append(">\n"); }
 
+    void Code(const QString &texte)
+    {
+        const qsizetype debut = tampon.size();
+        tampon.resize(debut + codeur.requiredSpace(texte.size()));
+        const char *fin = codeur.appendToBuffer(tampon.data() + debut, texte);
+        tampon.truncate(fin - tampon.constData());
+    }
+
     void Vide()
     {
         reussi = reussi && sortie.write(tampon) == tampon.size();
@@ -79,6 +85,7 @@ private:
     }
 
     QIODevice &sortie;
+    bool echappe;
     QByteArray tampon;
     QStringEncoder codeur{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     bool reussi = true;
@@ -125,9 +132,9 @@ void EcritPersonne(LignesXRLG &lignes, const Personne &personne)
 
 }  // namespace
 
-bool EcritArbreXRLG(QIODevice &sortie, const Arbre &arbre)
+bool EcritArbreXRLG(QIODevice &sortie, const Arbre &arbre, TextesXRLG textes)
 {
-    LignesXRLG lignes(sortie);
+    LignesXRLG lignes(sortie, textes);
     lignes.Ligne(0, R"(<?xml version="1.0" encoding="UTF-8"?>)");
     lignes.Ligne(0, "<!DOCTYPE xrlg>");
     lignes.Ligne(0, R"(<xrlg version="1.0">)");

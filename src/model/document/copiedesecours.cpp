@@ -202,7 +202,8 @@ bool CopieDeSecours::EcritLesFichiers() const
     }
     EcritLesOptions();
     EcritureFichier arbre(place->Arbre());
-    return arbre.Ouvre() && EcritArbreXRLG(arbre.Appareil(), *doc.arbre) && arbre.Termine();
+    // The last copy of somebody's work must open, also with a text in it that would spoil the tree's own file.
+    return arbre.Ouvre() && EcritArbreXRLG(arbre.Appareil(), *doc.arbre, TextesXRLG::Echappes) && arbre.Termine();
 }
 
 void CopieDeSecours::EcritEtGarde()

@@ -2,6 +2,7 @@
 #include "arbres.h"
 #include "copiedesecours.h"
 #include "environnement.h"
+#include "ficxrlg.h"
 #include "infopersonne.h"
 #include "pannes.h"
 #include "personne.h"
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void unArbreRemplaceNeLaisseRien();
     void sansEnfantElleSEcritSurPlace();
     void unDisquePleinLaisseLaPrecedente();
+    void nImporteQuelTexteSeRelit();
     void leNomDitLArbre_data();
     void leNomDitLArbre();
     void unNumeroDejaPrisDonneUneAutrePlace();
@@ -207,6 +209,22 @@ void TestCopieDeSecours::unDisquePleinLaisseLaPrecedente()
     QVERIFY(Contenu(chemin).contains(Titre("un")));
     const QString base = QFileInfo(chemin).completeBaseName();
     QCOMPARE(Noms(), (QStringList{base + ".dossier", base + ".verrou", base + ".xrlg"}));
+}
+
+void TestCopieDeSecours::nImporteQuelTexteSeRelit()
+{
+    // The tree's own file could not be read back with these.
+    const QString texte = QStringLiteral("Martin & Fils <1700> \"l'aîné\" &amp; ]]> \u00a0fin");
+    CopieDeSecours copie(*doc, photos, jamais);
+    doc->arbre->premiere->info->divers = texte;
+    Change(texte);
+    QTRY_VERIFY(!copie.Chemin().isEmpty());
+    Arbre relu;
+    QString repertoire;
+    QCOMPARE(readFicXRLG(copie.Chemin(), repertoire, &relu), 0);
+    QCOMPARE(relu.infoArbre->titrearbre, texte);
+    QCOMPARE(relu.premiere->info->divers, texte);
+    QCOMPARE(NumerosEnTexte(relu), QStringLiteral("1 2 3 4 5 6 7"));
 }
 
 void TestCopieDeSecours::leNomDitLArbre_data()
