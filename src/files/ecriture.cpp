@@ -108,7 +108,7 @@ bool EcritureFichier::PrendLeNom()
 
 bool EcritureFichier::Termine()
 {
-    if (!temporaire.EstComplet() || !temporaire.flush())
+    if (!temporaire.Vide())
         return Abandonne(temporaire.errorString());
     // On the disk before it takes the name: a power cut must not leave an empty file there.
     if (::fchmod(temporaire.handle(), DroitsDe(cible)) != 0 || ::fsync(temporaire.handle()) != 0 || !PrendLeNom())

@@ -64,18 +64,34 @@ bool FichierTemporaire::CreeDans(const QString &dossier)
     return false;
 }
 
-qint64 FichierTemporaire::writeData(const char *octets, qint64 nombre)
+bool FichierTemporaire::EcritTout(const char *octets, qint64 nombre)
 {
     qint64 ecrits = 0;
-    while (ecrits < nombre) {
+    while (complet && ecrits < nombre) {
         const qint64 morceau = QTemporaryFile::writeData(octets + ecrits, nombre - ecrits);
-        if (morceau <= 0) {
-            complet = false;
-            return -1;
-        }
+        complet = morceau > 0;
         ecrits += morceau;
     }
-    return ecrits;
+    return complet;
+}
+
+bool FichierTemporaire::Vide()
+{
+    EcritTout(amasses.constData(), amasses.size());
+    amasses.resize(0);
+    return complet;
+}
+
+qint64 FichierTemporaire::writeData(const char *octets, qint64 nombre)
+{
+    // Qt's own buffer would forget what it could not write. A chart in PDF comes in pieces of a few dozen bytes.
+    constexpr qsizetype amassesAuPlus = 65536;
+    if (amasses.size() + nombre > amassesAuPlus && !Vide())
+        return -1;
+    if (nombre > amassesAuPlus)
+        return EcritTout(octets, nombre) ? nombre : -1;
+    amasses.append(octets, nombre);
+    return nombre;
 }
 
 void RetireLesRestes(const QString &dossier)

@@ -55,6 +55,8 @@ bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
     if (place >= 0)
         return RefuseLesDeclarations(handler, texte, place);
     QXmlSimpleReader lecteur;
+    // A tree file has no namespaces: the parser need not look for one at every element.
+    lecteur.setFeature(QStringLiteral("http://xml.org/sax/features/namespaces"), false);
     lecteur.setContentHandler(&handler);
     lecteur.setErrorHandler(&handler);
     return lecteur.parse(source);

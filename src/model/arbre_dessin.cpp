@@ -6,38 +6,105 @@
 #include "personne.h"
 #include "zonemontree.h"
 
+namespace {
+
+/// Draws those persons of a tree of whom the exposed part may show something.
+class AfficheurDePersonnes
+{
+public:
+    /// \a desPeints is the tree's memory, if it has one.
+    AfficheurDePersonnes(QPainter &surQuoi, const Encombrement &unEncombrement, const OutilsPersonne &desOutils,
+                         DebordsPeints *desPeints)
+        : peintre(surQuoi)
+        , zone(ZoneMontree(surQuoi))
+        , encombrement(unEncombrement)
+        , outils(desOutils)
+        , peints(desPeints)
+    {
+        if (peints)
+            peints->CommencePour(encombrement);
+    }
+
+    [[nodiscard]] bool PeutMontrer(const Bloc &bloc) const
+    {
+        return !encombrement.SontHorsDe(zone, bloc.coins, encombrement.DebordsDe(bloc.textes, bloc.plusGrandNumero),
+                                        true);
+    }
+
+    void Affiche(const Bloc &bloc) const
+    {
+        const Debords auPlus = encombrement.DebordsDe(bloc.textes, bloc.plusGrandNumero);
+        std::size_t rang = bloc.rang;
+        for (Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante, ++rang) {
+            // An index knows bounds for the block: whom they rule out, that is most, need not be looked at closer.
+            if (!peints || !encombrement.SontHorsDe(zone, CoinDe(*personne), auPlus, true))
+                Affiche(*personne, rang);
+        }
+    }
+
+private:
+    [[nodiscard]] static Coins CoinDe(const Personne &personne)
+    {
+        Coins coin;
+        coin.Ajoute(personne.x, personne.y);
+        return coin;
+    }
+
+    void Affiche(Personne &personne, std::size_t rang) const
+    {
+        const std::optional<Debords> connus = peints ? peints->Connus(rang) : std::nullopt;
+        if (EstHors(personne, connus ? *connus : Borne(personne)))
+            return;
+        // Only texts may reach the exposed part: to measure them costs less than to draw what nobody will see.
+        if (peints && !connus && EstHors(personne, {})) {
+            const QRect prendront = personne.MesureLesTextes(peintre, outils);
+            if (EstHors(personne, Note(personne, rang, prendront)))
+                return;
+        }
+        const QRect pris = personne.Dessine(peintre, outils);
+        if (peints && !connus)
+            Note(personne, rang, pris);
+    }
+
+    [[nodiscard]] bool EstHors(const Personne &personne, const Debords &debords) const
+    {
+        return encombrement.SontHorsDe(zone, CoinDe(personne), debords, personne.FacteurPhoto() == 2);
+    }
+
+    [[nodiscard]] Debords Borne(const Personne &personne) const
+    {
+        return encombrement.DebordsDe(personne.info ? personne.info->Mesure() : MesureTextes(), personne.numero);
+    }
+
+    /// What the texts in \a pris take, remembered. A null rectangle is of a person that is not to be drawn (yet).
+    Debords Note(const Personne &personne, std::size_t rang, const QRect &pris) const
+    {
+        if (pris.isNull())
+            return {};
+        const Debords debords = encombrement.DebordsDe(pris, personne.x, personne.y);
+        peints->Note(rang, debords);
+        return debords;
+    }
+
+    QPainter &peintre;
+    QRect zone;
+    const Encombrement &encombrement;
+    const OutilsPersonne &outils;
+    DebordsPeints *peints;
+};
+
+}  // namespace
+
 void Arbre::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                     const LesPolices &polices, bool arbreOuvert)
 {
-    const QRect zone = ZoneMontree(*painter);
-    const Encombrement encombrement(*painter, sx, sy, formats, polices, arbreOuvert);
-    DebordsPeints *peints = index ? &index->Peints() : nullptr;
-    if (peints)
-        peints->CommencePour(encombrement);
-    const OutilsPersonne outils(*painter, sx, sy, impression, formats, polices, arbreOuvert);
-    const auto question = [&](const Bloc &bloc) {
-        return !encombrement.SontHorsDe(zone, bloc.coins, encombrement.DebordsDe(bloc.textes, bloc.plusGrandNumero),
-                                        true);
-    };
-    const auto affiche = [&](Personne &personne, std::size_t rang) {
-        const std::optional<Debords> connus = peints ? peints->Connus(rang) : std::nullopt;
-        const MesureTextes textes = personne.info && !connus ? personne.info->Mesure() : MesureTextes();
-        Coins coin;
-        coin.Ajoute(personne.x, personne.y);
-        if (encombrement.SontHorsDe(zone, coin, connus ? *connus : encombrement.DebordsDe(textes, personne.numero),
-                                    personne.FacteurPhoto() == 2))
-            return;
-        const QRect pris = personne.Dessine(*painter, outils);
-        if (peints && !connus && !pris.isNull())
-            peints->Note(rang, encombrement.DebordsDe(pris, personne.x, personne.y));
-    };
     {
         const EtatPeintre etat(*painter);
-        Parcourt(question, [&affiche](const Bloc &bloc) {
-            std::size_t rang = bloc.rang;
-            for (Personne *personne = bloc.premiere; personne != bloc.fin; personne = personne->suivante)
-                affiche(*personne, rang++);
-        });
+        const Encombrement encombrement(*painter, sx, sy, formats, polices, arbreOuvert);
+        const OutilsPersonne outils(*painter, sx, sy, impression, formats, polices, arbreOuvert);
+        const AfficheurDePersonnes afficheur(*painter, encombrement, outils, index ? &index->Peints() : nullptr);
+        Parcourt([&afficheur](const Bloc &bloc) { return afficheur.PeutMontrer(bloc); },
+                 [&afficheur](const Bloc &bloc) { afficheur.Affiche(bloc); });
     }
     TraceLesLiaisons(painter, sx, sy, formats);
 }

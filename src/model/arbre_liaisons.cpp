@@ -53,33 +53,40 @@ public:
     }
 
 private:
+    /// Of links: their arcs may stand out by their diameter.
     [[nodiscard]] bool EstHors(long gauche, long droite, long haut, long bas) const
+    {
+        return EstHors(gauche, droite, haut, bas, 2L * rx, 2L * ry);
+    }
+
+    [[nodiscard]] bool EstHors(long gauche, long droite, long haut, long bas, long arcX, long arcY) const
     {
         if (zone.isNull())
             return false;
-        const long bordX = epaisseur + 2L * rx + 1;
-        const long bordY = epaisseur + 2L * ry + 1;
+        const long bordX = epaisseur + arcX + 1;
+        const long bordY = epaisseur + arcY + 1;
         return MinLI(gauche, droite) - bordX > zone.right() || MaxLI(gauche, droite) + bordX < zone.left()
             || MinLI(haut, bas) - bordY > zone.bottom() || MaxLI(haut, bas) + bordY < zone.top();
     }
 
+    // A link may be as wide as the chart, and of most of its pieces a page shows nothing.
     void Ligne(long x1, long y1, long x2, long y2) const
     {
-        peintre.drawLine(Coordonnee(x1), Coordonnee(y1), Coordonnee(x2), Coordonnee(y2));
+        if (!EstHors(x1, x2, y1, y2, 0, 0))
+            peintre.drawLine(Coordonnee(x1), Coordonnee(y1), Coordonnee(x2), Coordonnee(y2));
     }
 
     /// Angles in sixteenths of a degree.
     void Arc(long x, long y, int depart, int ouverture) const
     {
-        peintre.drawArc(Coordonnee(x), Coordonnee(y), 2 * rx, 2 * ry, depart, ouverture);
+        if (!EstHors(x, x + 2L * rx, y, y + 2L * ry, 0, 0))
+            peintre.drawArc(Coordonnee(x), Coordonnee(y), 2 * rx, 2 * ry, depart, ouverture);
     }
 
     void UnParent(const Personne &enfant, const Personne &parent) const
     {
         const long x = parent.x + demiLargeur;
-        const long bas = parent.y + hauteur;
-        if (!EstHors(x, x, bas, enfant.y))
-            Ligne(x, bas, x, enfant.y);
+        Ligne(x, parent.y + hauteur, x, enfant.y);
     }
 
     void DeuxParents(const Personne &enfant, const Personne &pere, const Personne &mere) const

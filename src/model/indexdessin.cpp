@@ -9,8 +9,9 @@
 
 namespace {
 
-constexpr int personnesParBloc = 64;
-constexpr std::size_t blocsParGroupe = 64;
+// A page is crossed by one or two blocks of each row it shows, whose persons are all looked at.
+constexpr int personnesParBloc = 16;
+constexpr std::size_t blocsParGroupe = 128;
 
 void Elargit(MesureTextes &mesure, const MesureTextes &autre)
 {

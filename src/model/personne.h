@@ -36,6 +36,8 @@ public:
                   const LesPolices &polices, bool arbreOuvert);
     /// The same with tools that serve for other persons too. The painter's pen, brush and font change.
     QRect Dessine(QPainter &peintre, const OutilsPersonne &outils);
+    /// What Dessine would return, nothing being drawn. The painter's pen and font change.
+    [[nodiscard]] QRect MesureLesTextes(QPainter &peintre, const OutilsPersonne &outils) const;
     /// Draws the photo to the right of the box; scales its copy for the screen or the printer when there is none yet.
     void AffichePhoto(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats);
     /// Draws (\a trace true, blue) or erases (false, white) the dashed mark around the box.

@@ -16,16 +16,18 @@ constexpr int ecartSelection = 3;
 class ColonneDeTextes
 {
 public:
-    ColonneDeTextes(QPainter &surQuoi, const QRect &unCadre)
+    /// \a drapeauxDeTous are for every text: Qt::TextDontPrint measures without drawing.
+    ColonneDeTextes(QPainter &surQuoi, const QRect &unCadre, int drapeauxDeTous)
         : peintre(surQuoi)
         , cadre(unCadre)
+        , communs(drapeauxDeTous | Qt::AlignHCenter | Qt::TextDontClip)
     {
     }
 
     void Ecrit(const QString &texte, int drapeaux)
     {
         QRect mesure;
-        peintre.drawText(cadre, drapeaux | Qt::AlignHCenter | Qt::TextDontClip, texte, &mesure);
+        peintre.drawText(cadre, drapeaux | communs, texte, &mesure);
         cadre.moveTop(cadre.top() + mesure.height());
         pris |= mesure;
     }
@@ -37,8 +39,22 @@ public:
 private:
     QPainter &peintre;
     QRect cadre;  ///< what is left of the box, for the next text
+    int communs;
     QRect pris;
 };
+
+/// The column of texts in the box of \a personne, with the number in it already.
+ColonneDeTextes CommenceParLeNumero(QPainter &peintre, const Personne &personne, const OutilsPersonne &outils,
+                                    int drapeauxDeTous)
+{
+    peintre.setPen(outils.textes);
+    peintre.setFont(outils.numeros);
+    const QRect cadre(Coordonnee(personne.x + outils.marge), Coordonnee(personne.y),
+                      Coordonnee(MaxLI(outils.largeur - 2 * outils.marge, 1)), Coordonnee(outils.hauteur));
+    ColonneDeTextes colonne(peintre, cadre, drapeauxDeTous);
+    colonne.Ecrit(QString::number(personne.numero), 0);
+    return colonne;
+}
 
 QString NomComplet(const InfoPersonne &info)
 {
@@ -109,17 +125,22 @@ QRect Personne::Dessine(QPainter &peintre, const OutilsPersonne &outils)
     if (selectionnee && !outils.impression)
         TraceSelection(&peintre, outils.sx, outils.sy, true, outils.formats);
 
-    peintre.setPen(outils.textes);
-    peintre.setFont(outils.numeros);
-    const QRect cadreDesTextes(Coordonnee(x + outils.marge), Coordonnee(y),
-                               Coordonnee(MaxLI(outils.largeur - 2 * outils.marge, 1)), Coordonnee(outils.hauteur));
-    ColonneDeTextes colonne(peintre, cadreDesTextes);
-    colonne.Ecrit(QString::number(numero), 0);
+    ColonneDeTextes colonne = CommenceParLeNumero(peintre, *this, outils, 0);
     if (info) {
         if (outils.arbreOuvert)
             AffichePhoto(&peintre, outils.sx, outils.sy, outils.impression, outils.formats);
         EcritTextes(peintre, colonne, *info, outils);
     }
+    return colonne.Prise();
+}
+
+QRect Personne::MesureLesTextes(QPainter &peintre, const OutilsPersonne &outils) const
+{
+    if (!affichable)
+        return {};
+    ColonneDeTextes colonne = CommenceParLeNumero(peintre, *this, outils, Qt::TextDontPrint);
+    if (info)
+        EcritTextes(peintre, colonne, *info, outils);
     return colonne.Prise();
 }
 

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void unDisquePleinLaisseLAncienFichier();
     void unDossierQuiDisparaitDitPourquoi();
     void unePartieNeRemplaceJamaisLAncienFichier();
+    void petitsEtGrandsMorceauxSeSuivent();
 
 private:
     [[nodiscard]] QString Chemin(const QString &nom) const { return dossier->filePath(nom); }
@@ -218,21 +219,26 @@ void TestEcriturePannes::leNomLePlusLongSEcritDeuxFois()
 void TestEcriturePannes::unDisquePleinLaisseLAncienFichier_data()
 {
     QTest::addColumn<int>("taille");
-    QTest::newRow("un octet de trop") << 4097;
-    QTest::newRow("une page de trop") << 8192;
-    QTest::newRow("beaucoup trop") << 3'000'000;
+    QTest::addColumn<int>("fois");
+    QTest::newRow("un octet de trop") << 4097 << 1;
+    QTest::newRow("une page de trop") << 8192 << 1;
+    QTest::newRow("beaucoup trop") << 3'000'000 << 1;
+    QTest::newRow("octet par octet") << 1 << 4097;
+    QTest::newRow("en morceaux") << 30'000 << 7;
 }
 
 void TestEcriturePannes::unDisquePleinLaisseLAncienFichier()
 {
     QFETCH(int, taille);
+    QFETCH(int, fois);
     Pose(QStringLiteral("a"), "ancien");
     EcritureFichier ecriture(Chemin(QStringLiteral("a")));
     QVERIFY(ecriture.Ouvre());
     bool termine = true;
     {
         const DisquePlein disque(4096);
-        ecriture.Appareil().write(QByteArray(taille, 'x'));
+        for (int i = 0; i < fois; ++i)
+            ecriture.Appareil().write(QByteArray(taille, 'x'));
         termine = ecriture.Termine();
     }
     QVERIFY(!termine);
@@ -260,11 +266,25 @@ void TestEcriturePannes::unePartieNeRemplaceJamaisLAncienFichier()
     QVERIFY(ecriture.Ouvre());
     {
         const DisquePlein disque(10);
-        QVERIFY(ecriture.Appareil().write(QByteArray(100, 'x')) < 100);
+        QVERIFY(ecriture.Appareil().write(QByteArray(100'000, 'x')) < 100'000);
     }
     ecriture.Appareil().write("fin");
     QVERIFY(!ecriture.Termine());
     QCOMPARE(Contenu(QStringLiteral("a")), QByteArray("ancien"));
+}
+
+void TestEcriturePannes::petitsEtGrandsMorceauxSeSuivent()
+{
+    QByteArray attendu;
+    EcritureFichier ecriture(Chemin(QStringLiteral("a")));
+    QVERIFY(ecriture.Ouvre());
+    for (const int taille : {1, 65'535, 1, 3, 65'537, 2, 65'536, 200'000, 0, 40'000, 30'000, 7}) {
+        const QByteArray morceau(taille, static_cast<char>('a' + taille % 23));
+        QCOMPARE(ecriture.Appareil().write(morceau), taille);
+        attendu += morceau;
+    }
+    QVERIFY(ecriture.Termine());
+    QCOMPARE(Contenu(QStringLiteral("a")), attendu);
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestEcriturePannes)

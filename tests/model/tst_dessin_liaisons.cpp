@@ -56,6 +56,8 @@ private Q_SLOTS:
     void lArbreDessineLesPersonnesPuisLesLiaisons();
     void unArbreSansPersonneNeDessineRien();
     void lePeintreEstRenduCommeIlEtait();
+    void seulsLesMorceauxExposesSontTraces_data();
+    void seulsLesMorceauxExposesSontTraces();
 
 private:
     FormatsDessins formats;
@@ -239,6 +241,34 @@ void TestDessinLiaisons::lePeintreEstRenduCommeIlEtait()
     QCOMPARE(peintre.pen(), plume);
     QCOMPARE(peintre.brush(), brosse);
     QCOMPARE(peintre.font().toString(), police.toString());
+}
+
+void TestDessinLiaisons::seulsLesMorceauxExposesSontTraces_data()
+{
+    QTest::addColumn<QRect>("expose");
+    QTest::addColumn<QStringList>("traces");
+    QTest::newRow("le trait vers la mère")
+        << QRect(265, 116, 20, 4) << QStringList{QStringLiteral("ligne 230,118 330,118")};
+    QTest::newRow("le coude du père") << QRect(102, 115, 2, 2)
+                                      << QStringList{QStringLiteral("ligne 100,104 100,113"),
+                                                     QStringLiteral("arc 100,108 20x10 2880 1440"),
+                                                     QStringLiteral("ligne 110,118 210,118")};
+    QTest::newRow("au-dessus de l'enfant")
+        << QRect(218, 132, 4, 4)
+        << QStringList{QStringLiteral("arc 200,118 20x10 1440 -1440"), QStringLiteral("ligne 220,123 220,134"),
+                       QStringLiteral("arc 220,118 20x10 2880 -1440")};
+    QTest::newRow("sous le trait du père") << QRect(150, 130, 20, 20) << QStringList();
+}
+
+void TestDessinLiaisons::seulsLesMorceauxExposesSontTraces()
+{
+    QFETCH(QRect, expose);
+    QFETCH(QStringList, traces);
+    Enregistreur dessin;
+    QPainter peintre(&dessin);
+    peintre.setClipRect(expose);
+    Famille({1, 2, 3})->TraceLesLiaisons(&peintre, 4.0F, 2.0F, formats);
+    QCOMPARE(dessin.EnTexte(), traces);
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestDessinLiaisons)

@@ -160,6 +160,8 @@ private Q_SLOTS:
     void seulesLesPersonnesProchesSontDessinees();
     void unTexteQuiDebordeEstDessineDeLoin_data();
     void unTexteQuiDebordeEstDessineDeLoin();
+    void unTexteQuiAuraitPuDeborderNEstPasDessine_data();
+    void unTexteQuiAuraitPuDeborderNEstPasDessine();
 
 private:
     static void Reglages();
@@ -360,6 +362,32 @@ void TestDessinPartiel::unTexteQuiDebordeEstDessineDeLoin()
     blanche.fill(Qt::white);
     QVERIFY(partie != blanche);
     QCOMPARE(partie, Decoupe(Dessine(*arbre, Reglage(), taille), zone));
+}
+
+void TestDessinPartiel::unTexteQuiAuraitPuDeborderNEstPasDessine_data()
+{
+    // From the right edge of a box of 60 pixels, whose name takes some 150.
+    QTest::addColumn<int>("ecart");
+    QTest::addColumn<bool>("dessine");
+    QTest::newRow("où il passe") << 25 << true;
+    QTest::newRow("où il aurait pu passer") << 100 << false;
+}
+
+void TestDessinPartiel::unTexteQuiAuraitPuDeborderNEstPasDessine()
+{
+    QFETCH(int, ecart);
+    QFETCH(bool, dessine);
+    const auto arbre = ArbreDeNumeros({1});
+    arbre->premiere->info->nom = QStringLiteral("ANTICONSTITUTIONNEL");
+    const Reglage reglage;
+    DisposeArbre(*arbre, reglage.formats, reglage.sx, reglage.sy);
+    Enregistreur dessin;
+    QPainter peintre(&dessin);
+    peintre.setClipRect(QRect(static_cast<int>(arbre->premiere->x) + 60 + ecart, 40, 5, 60));
+    for (int fois = 0; fois < 2; ++fois)
+        arbre->Affiche(&peintre, reglage.sx, reglage.sy, true, reglage.formats, reglage.polices, true);
+    QCOMPARE(dessin.Textes().count(QStringLiteral("ANTICONSTITUTIONNEL")), dessine ? 2 : 0);
+    QCOMPARE(dessin.Traces().isEmpty(), !dessine);
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestDessinPartiel)
