@@ -118,18 +118,23 @@ QByteArray Contenu(const QString &chemin)
     return fichier.readAll();
 }
 
-quint64 VerifieArbre(const Arbre &arbre)
+quint64 VerifieListe(const Arbre &arbre)
 {
     quint64 nombre = 0;
     const Personne *precedente = nullptr;
-    for (const Personne *p = arbre.premiere; p; precedente = p, p = p->suivante, ++nombre) {
+    for (const Personne *p = arbre.premiere; p; precedente = p, p = p->suivante, ++nombre)
         Exige(p->precedente == precedente, "la liste est liée dans les deux sens");
-        Exige(p->info, "chacun a ses données");
-    }
     Exige(arbre.derniere == precedente, "la dernière personne termine la liste");
+    return nombre;
+}
+
+quint64 VerifieArbre(const Arbre &arbre)
+{
+    const quint64 nombre = VerifieListe(arbre);
     QSet<const Personne *> plusLoin;
     QSet<const Personne *> parents;
     for (const Personne *p = arbre.derniere; p; p = p->precedente) {
+        Exige(p->info, "chacun a ses données");
         VerifieParent(p->ptrPere, p->pere, plusLoin, parents);
         VerifieParent(p->ptrMere, p->mere, plusLoin, parents);
         plusLoin.insert(p);

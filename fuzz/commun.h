@@ -61,7 +61,9 @@ template <typename Application> void Demarre()
     Tais();
 }
 
-/// Exige() that \a arbre is a sound list: linked both ways, with data everywhere, and every parent found later in the list
+/// Exige() that the list of \a arbre is linked both ways. Its number of persons.
+quint64 VerifieListe(const Arbre &arbre);
+/// Exige() that \a arbre is as the readers leave it: a list with data everywhere, and every parent found later in the list
 /// under the number that the child names, as the parent of no other child. Its number of persons.
 quint64 VerifieArbre(const Arbre &arbre);
 /// Exige() what trees made in memory keep besides: numbers that grow, the count, links that follow from the numbers.

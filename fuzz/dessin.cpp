@@ -2,6 +2,8 @@
 #include "canevas.h"
 #include "commun.h"
 #include "disposition.h"
+#include "dispositionprudente.h"
+#include "dispositionrapide.h"
 #include "entree.h"
 #include "fichierrlg.h"
 #include "ficoldrlg.h"
@@ -9,6 +11,7 @@
 #include "formatsdessins.h"
 #include "infopersonne.h"
 #include "lespolices.h"
+#include "mesuresdisposition.h"
 #include "pages.h"
 #include "personne.h"
 
@@ -18,9 +21,10 @@
 #include <QPdfWriter>
 
 #include <array>
+#include <limits>
 
 /// Some bytes are a presentation, the others a tree in one of the file formats, or numbers that one is made of: it is
-/// placed, measured, painted in whole and in part, clicked at and put on pages.
+/// placed, measured, painted in whole and in part, clicked at, put on pages, then changed.
 
 namespace {
 
@@ -151,6 +155,33 @@ bool EstDecoupe(const QImage &partie, const QImage &tout, QRect zone)
     return true;
 }
 
+QList<std::pair<long, long>> Places(const Arbre &arbre)
+{
+    QList<std::pair<long, long>> places;
+    for (const Personne *p = arbre.premiere; p; p = p->suivante)
+        places.append({p->x, p->y});
+    return places;
+}
+
+/// Places everybody. A small well-formed tree is placed alike by the slow way, the fast one and the one by eight.
+void Dispose(Arbre &arbre, const Presentation &p)
+{
+    constexpr quint64 assezPetit = 30;  // beyond, the slow way may give up before it is done
+    const MesuresDisposition mesures(p.formats, p.sx, p.sy);
+    DispositionRapide rapide(arbre, mesures);
+    const quint64 nombre = VerifieListe(arbre);
+    const bool seCompare = nombre > 1 && nombre <= assezPetit && rapide.EstBienFormee();
+    if (seCompare)
+        DispositionPrudente(arbre, mesures).Execute();
+    const auto prudente = Places(arbre);
+    if (seCompare)
+        rapide.Execute(0);
+    const auto parHuit = Places(arbre);
+    DisposeArbre(arbre, p.formats, p.sx, p.sy);
+    Exige(EstDispose(arbre, p.formats, p.sx, p.sy), "l'arbre est disposé");
+    Exige(!seCompare || (Places(arbre) == prudente && parHuit == prudente), "chacun a la même place de toute façon");
+}
+
 Canevas Mesure(const Arbre &arbre, const Presentation &p)
 {
     QImage image(1, 1, QImage::Format_RGB32);
@@ -208,6 +239,26 @@ void MetSurPages(Arbre &arbre, const Presentation &p, const Canevas &canevas)
           "chaque page commence");
 }
 
+enum class Modification { Aucune, Pere, Mere, Suppression };
+
+/// What the user may do to the person that was clicked at.
+void Modifie(Arbre &arbre, Modification modification)
+{
+    Personne *choisie = arbre.selection;
+    const quint64 nombre = VerifieListe(arbre);
+    const bool seSupprime = choisie != arbre.premiere;
+    const bool estPere = modification == Modification::Pere;
+    if (modification == Modification::Suppression) {
+        arbre.SupprimePersonne();
+        Exige(VerifieListe(arbre) == nombre - (seSupprime ? 1 : 0), "une personne de moins");
+    } else if (!(estPere ? choisie->ptrPere : choisie->ptrMere)
+               && choisie->numero <= (std::numeric_limits<quint64>::max() - 1) / 2) {
+        const Personne *ajoutee = arbre.AjoutePersonne(choisie, estPere);
+        Exige(ajoutee->numero == 2 * choisie->numero + (estPere ? 0 : 1), "un parent a son numéro");
+        Exige(VerifieListe(arbre) == nombre + 1, "une personne de plus");
+    }
+}
+
 }  // namespace
 
 int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
@@ -222,19 +273,24 @@ int LLVMFuzzerInitialize(int * /*argc*/, char *** /*argv*/)
 int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t taille)
 {
     Entree entree(Vue(octets, taille));
-    const bool surPages = entree.Octet() % 8 == 7;
+    const int choix = entree.Octet();
+    const bool surPages = choix % 8 == 7;
+    const auto modification = static_cast<Modification>(choix / 8 % 4);
     const Presentation presentation(entree);
     const bool absurde = entree.EutDeLAbsurde();
     Arbre arbre;
     Lit(arbre, entree);
-    DisposeArbre(arbre, presentation.formats, presentation.sx, presentation.sy);
-    Exige(EstDispose(arbre, presentation.formats, presentation.sx, presentation.sy), "l'arbre est disposé");
+    VerifieArbre(arbre);
+    Dispose(arbre, presentation);
     const Canevas canevas = Mesure(arbre, presentation);
     PeintPartout(arbre, presentation, canevas, absurde);
     Clique(arbre, presentation);
-    PeintPartout(arbre, presentation, canevas, absurde);
     if (surPages)
         MetSurPages(arbre, presentation, canevas);
-    VerifieArbre(arbre);
+    if (arbre.selection && modification != Modification::Aucune) {
+        Modifie(arbre, modification);
+        Dispose(arbre, presentation);
+    }
+    PeintPartout(arbre, presentation, canevas, absurde);
     return 0;
 }
