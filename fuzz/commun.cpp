@@ -19,11 +19,14 @@ InterlocuteurPresse *presse = nullptr;
 
 void Silence(QtMsgType /*type*/, const QMessageLogContext & /*contexte*/, const QString & /*texte*/) { }
 
+/// All that the format keeps.
 QStringList Textes(const Arbre &arbre)
 {
     const InfoArbre &page = *arbre.infoArbre;
     QStringList textes{page.titrearbre, page.creepar, page.date, page.majpar, page.datemaj};
     for (const Personne *p = arbre.premiere; p; p = p->suivante) {
+        for (const quint64 nombre : {p->numero, quint64(p->numerogeneration), p->pere, p->mere, p->enfant})
+            textes += QString::number(nombre);
         const InfoPersonne &i = *p->info;
         textes += {i.nom,       i.prenom, i.datenaissance, i.lieunaissance, i.datedeces,
                    i.lieudeces, i.divers, i.fichtml,       i.ficphoto};
@@ -170,6 +173,7 @@ void VerifieAllerRetour(Arbre &arbre)
         return;
     Exige(resultat == 0, "ce qui fut écrit se lit");
     Exige(relu.nombrePersonnes == arbre.nombrePersonnes + nombre, "la lecture compte les personnes en plus");
+    Exige(Textes(relu) == textes, "ce qui fut écrit se relit");
     relu.nombrePersonnes = arbre.nombrePersonnes;
     Exige(EnXrlg(relu) == ecrit, "ce qui fut relu s'écrit de même");
 }
