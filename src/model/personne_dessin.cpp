@@ -92,15 +92,30 @@ void EcritTextes(QPainter &peintre, ColonneDeTextes &colonne, const InfoPersonne
     }
 }
 
-/// \a photo brought to the size of a box, in its own proportions; null when nothing would be left of it.
-QImage CopieReduite(const QImage &photo, long largeur, long hauteur)
+/// What \a photo must fit in to stand in a box, in its own proportions.
+QSize CadreDeLaPhoto(const QImage &photo, long largeur, long hauteur)
 {
+    if (photo.isNull())
+        return {};
     // A box from a damaged options file must not fill the memory.
     constexpr int coteMax = 8192;
     const double facteur = qMin(double(largeur) / photo.width(), double(hauteur) / photo.height());
-    return photo.scaled(EntierBorne(photo.width() * facteur, 0, coteMax),
-                        EntierBorne(photo.height() * facteur, 0, coteMax), Qt::KeepAspectRatio,
-                        Qt::SmoothTransformation);
+    return {EntierBorne(photo.width() * facteur, 0, coteMax), EntierBorne(photo.height() * facteur, 0, coteMax)};
+}
+
+/// Draws \a photo itself where its copy would be much larger than it: such copies for many persons would fill the memory,
+/// and show no more. False, and nothing drawn, when a copy is better.
+bool DessineSansCopie(QPainter &peintre, QPoint coin, const QImage &photo, QSize cadre, qreal finesse)
+{
+    constexpr qint64 pointsPermis = 1'000'000;
+    const auto points = [](QSize taille) { return qint64(taille.width()) * taille.height(); };
+    const QSize taille = photo.size().scaled(cadre, Qt::KeepAspectRatio);
+    if (photo.isNull() || points(taille) <= qMax(pointsPermis, points(photo.size())))
+        return false;
+    const EtatPeintre etat(peintre);
+    peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+    peintre.drawImage(QRectF(coin, QSizeF(taille) / finesse), photo);
+    return true;
 }
 
 }  // namespace
@@ -150,24 +165,25 @@ void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impressi
         return;
     const long largeur = MaxLI(Px(formats.largeurCadre, sx), 1);
     const long hauteur = MaxLI(Px(formats.hauteurCadre, sy), 1);
+    const int ecart =
+        EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000);
+    const QPoint coin(Coordonnee(x + largeur + ecart), Coordonnee(y));
+    // A screen may have several of its own pixels to one of ours: the copy is as fine as the screen.
+    const qreal finesse = impression ? 1.0 : painter->device()->devicePixelRatio();
+    const QSize cadre = CadreDeLaPhoto(info->photo, static_cast<long>(double(largeur) * finesse),
+                                       static_cast<long>(double(hauteur) * finesse));
+    if (DessineSansCopie(*painter, coin, info->photo, cadre, finesse))
+        return;
     const int etatVoulu = impression ? InfoPersonne::PhotoPourImpression : InfoPersonne::PhotoPourEcran;
     QImage &copie = impression ? info->photoImpression : info->photoEcran;
     if (info->etatPhoto != etatVoulu) {
-        info->etatPhoto = InfoPersonne::PhotoAbsente;
-        // A screen may have several of its own pixels to one of ours: the copy is as fine as the screen.
-        const qreal finesse = impression ? 1.0 : painter->device()->devicePixelRatio();
-        copie = info->photo.isNull() ? QImage()
-                                     : CopieReduite(info->photo, static_cast<long>(double(largeur) * finesse),
-                                                    static_cast<long>(double(hauteur) * finesse));
+        copie =
+            info->photo.isNull() ? QImage() : info->photo.scaled(cadre, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         copie.setDevicePixelRatio(finesse);
-        if (!copie.isNull())
-            info->etatPhoto = etatVoulu;
+        info->etatPhoto = copie.isNull() ? InfoPersonne::PhotoAbsente : etatVoulu;
     }
-    if (info->etatPhoto != etatVoulu)
-        return;
-    const int ecart =
-        EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000);
-    painter->drawImage(QPoint(Coordonnee(x + largeur + ecart), Coordonnee(y)), copie);
+    if (info->etatPhoto == etatVoulu)
+        painter->drawImage(coin, copie);
 }
 
 void Personne::TraceSelection(QPainter *painter, float sx, float sy, bool trace, const FormatsDessins &formats) const

@@ -35,8 +35,8 @@ private Q_SLOTS:
     void sansPhotoRienNEstDessineNiChange();
     void unePhotoIrreductibleDevientAbsente_data();
     void unePhotoIrreductibleDevientAbsente();
-    void unCadreAbsurdeNeFaitPasUneCopieEnorme_data();
-    void unCadreAbsurdeNeFaitPasUneCopieEnorme();
+    void uneGrandeCopieNeSeFaitPas_data();
+    void uneGrandeCopieNeSeFaitPas();
     void sansDonneesRienNEstDessine();
     void lePeintreEstRenduCommeIlEtait();
 
@@ -198,23 +198,42 @@ void TestDessinPhoto::unePhotoIrreductibleDevientAbsente()
     QCOMPARE(essai->personne.info->etatPhoto, 0);
 }
 
-void TestDessinPhoto::unCadreAbsurdeNeFaitPasUneCopieEnorme_data()
+void TestDessinPhoto::uneGrandeCopieNeSeFaitPas_data()
 {
+    // Boxes as large as a damaged options file makes them: such copies for some persons would fill the memory.
     QTest::addColumn<bool>("impression");
-    QTest::newRow("écran") << false;
-    QTest::newRow("impression") << true;
+    QTest::addColumn<int>("photo");
+    QTest::addColumn<QSize>("cadreMm");
+    QTest::addColumn<int>("copie");
+    QTest::addColumn<QString>("image");
+    for (const bool impression : {false, true}) {
+        const char *sur = impression ? "impression" : "écran";
+        QTest::addRow("un million de points, %s", sur)
+            << impression << 60 << QSize(250, 500) << 1000 << "image 1108,200 1000x1000";
+        QTest::addRow("un peu plus, %s", sur) << impression << 60 << QSize(251, 501) << 0 << "image 1112,200 1002x1002";
+        QTest::addRow("cent mètres, %s", sur)
+            << impression << 60 << QSize(100'000, 100'000) << 0 << "image 400108,200 8192x8192";
+        QTest::addRow("une grande photo réduite, %s", sur)
+            << impression << 1100 << QSize(260, 520) << 1040 << "image 1148,200 1040x1040";
+        QTest::addRow("une grande photo agrandie, %s", sur)
+            << impression << 1100 << QSize(276, 552) << 0 << "image 1212,200 1104x1104";
+    }
 }
 
-void TestDessinPhoto::unCadreAbsurdeNeFaitPasUneCopieEnorme()
+void TestDessinPhoto::uneGrandeCopieNeSeFaitPas()
 {
-    // A kilometre, from a damaged options file: no more memory than a photo may take when it is read.
-    QFETCH(bool, impression);
-    constexpr qsizetype gigaoctet = qsizetype(1) << 30;
-    essai->formats.largeurCadre = 1'000'000;
-    essai->formats.hauteurCadre = 1'000'000;
-    essai->Affiche(impression);
-    const InfoPersonne &info = *essai->personne.info;
-    QVERIFY((impression ? info.photoImpression : info.photoEcran).sizeInBytes() <= gigaoctet);
+    QFETCH(const bool, impression);
+    QFETCH(const int, photo);
+    QFETCH(const QSize, cadreMm);
+    QFETCH(const int, copie);
+    QFETCH(const QString, image);
+    InfoPersonne &info = *essai->personne.info;
+    info.photo = Unie(photo, photo, Qt::red);
+    essai->formats.largeurCadre = cadreMm.width();
+    essai->formats.hauteurCadre = cadreMm.height();
+    QCOMPARE(Images(impression), QStringList({image}));
+    QCOMPARE((impression ? info.photoImpression : info.photoEcran).size(), QSize(copie, copie));
+    QVERIFY(info.aUnePhoto());
 }
 
 void TestDessinPhoto::sansDonneesRienNEstDessine()
