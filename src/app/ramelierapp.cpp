@@ -27,8 +27,8 @@ const QString application = QStringLiteral("ramelier");
 }  // namespace
 
 RamelierApp::RamelierApp(int argc, char **argv)
+    : repApplication(QFileInfo(QFile::decodeName(argv[0])).absolutePath())
 {
-    repApplication = QFileInfo(QFile::decodeName(argv[0])).absolutePath();
     repAide = repApplication + QStringLiteral("/AideRamelier");
     setWindowTitle(QStringLiteral("Ramelier 5.1"));
     setWindowIcon(QIcon(QStringLiteral(":/images/ramelier.png")));

@@ -227,10 +227,10 @@ void LyTextEdit::slotSqueletteHtml()
     curseur.clearSelection();
     texte->setTextCursor(curseur);
     static const char *const lignes[] = {
-        "<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.0 Transitional//EN\">",
-        "<html lang=\"fr\" dir=\"ltr\">",
+        R"(<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.0 Transitional//EN">)",
+        R"(<html lang="fr" dir="ltr">)",
         "<head>",
-        "<meta http-equiv=\"Content-Type\" content=\"text/html; charset=ISO-8859-1\">",
+        R"(<meta http-equiv="Content-Type" content="text/html; charset=ISO-8859-1">)",
         "<title></title>",
         "</head>",
         "<body>",

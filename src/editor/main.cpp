@@ -10,6 +10,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     PrepareLApplication(application, QStringLiteral("lyedithtml"));
     const QString fichier = argc >= 2 ? QFile::decodeName(argv[1]) : QString();
+    // cppcheck-suppress unreadVariable ; a window: it is there as long as it lives
     const LyTextEdit editeur(QStringLiteral("LyEditHtml"), fichier, true, QFile::decodeName(argv[0]),
                              QStringLiteral("1.0"));
     return QApplication::exec();

@@ -45,11 +45,10 @@ QByteArray OctetsFiche(const QString &nom, QString *cause)
 {
     QFile fichier(nom);
     QString refus;
-    QByteArray octets;
     if (QFileInfo(nom).size() > octetsMaxFiche) {
         refus = QStringLiteral("Le fichier est trop grand");
     } else if (OuvreEnLecture(fichier, QIODevice::ReadOnly, refus)) {
-        octets = fichier.readAll();
+        QByteArray octets = fichier.readAll();
         if (fichier.error() == QFileDevice::NoError)
             return octets.isNull() ? QByteArray("") : octets;
         refus = fichier.errorString();

@@ -44,7 +44,7 @@ QColor LitCouleur(QTextStream &flux)
     const int rouge = LitEntier(flux);
     const int vert = LitEntier(flux);
     const int bleu = LitEntier(flux);
-    return QColor(rouge, vert, bleu);
+    return {rouge, vert, bleu};
 }
 
 QFont LitPolice(QTextStream &flux)

@@ -170,7 +170,7 @@ private:
         return reste ? Rognee(*reste) : Vue();
     }
 
-    MorceauGED Morceau(Vue vue) const
+    [[nodiscard]] MorceauGED Morceau(Vue vue) const
     {
         const auto debut = static_cast<std::size_t>(vue.data() - debutDuBloc);
         if (vue.empty() || debut + vue.size() > std::numeric_limits<quint32>::max())

@@ -7,11 +7,18 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <limits>
 
 namespace {
 
 constexpr int huit = 8;
+
+/// Where the numbers of a group begin.
+template <typename Nombre> Nombre *DuGroupe(Nombre *colonne, int rang)
+{
+    return colonne + static_cast<std::ptrdiff_t>(huit) * rang;
+}
 
 /// The passes, and why they are exact although they do less than the rules say:
 ///
@@ -93,7 +100,7 @@ private:
         int groupe = front.premierTouche / huit;
         HuitEntiers libre = huit * groupe == front.debut
             ? HuitEntiers::Tous(marge)
-            : HuitEntiers::Lus(tables.ecarts + huit * (groupe - 1)).DernierPartout();
+            : HuitEntiers::Lus(DuGroupe(tables.ecarts, groupe - 1)).DernierPartout();
         int premierBouge = std::min(front.premierDecale, front.fin);
         for (; huit * groupe < premierBouge; ++groupe) {
             const unsigned bouges = CorrigeGroupe(tables, groupe, libre);
@@ -110,21 +117,21 @@ private:
     AVEC_HUIT_ENTIERS static unsigned CorrigeGroupe(const Colonnes &tables, int rang, HuitEntiers &libre)
     {
         const RangeesParHuit::Groupe &groupe = tables.groupes[rang];
-        int *const place = tables.ecarts + huit * rang;
+        int *const place = DuGroupe(tables.ecarts, rang);
         const int *const parents = tables.ecarts + groupe.premierParent;
         const HuitEntiers devant = HuitEntiers::Lus(parents);
         const HuitEntiers derriere = HuitEntiers::Lus(parents + huit);
         const HuitEntiers premiers = HuitEntiers::Lus(groupe.premiersParents);
         const HuitEntiers seconds = HuitEntiers::Lus(groupe.secondsParents);
         const HuitEntiers somme = devant.PrisAvec(derriere, premiers) + devant.PrisAvec(derriere, seconds);
-        const HuitEntiers milieux = (somme + HuitEntiers::Lus(tables.corrections + huit * rang)).Moitie();
+        const HuitEntiers milieux = (somme + HuitEntiers::Lus(DuGroupe(tables.corrections, rang))).Moitie();
         const HuitEntiers avant = HuitEntiers::Lus(place);
         const HuitEntiers voulus = milieux.OuSiNegatif(premiers, avant);
         const HuitEntiers plusGrands = voulus.MaxJusquIci();
         const HuitEntiers apres = plusGrands.Max(libre);
         libre = libre.Max(plusGrands.DernierPartout());
         apres.Ecrit(place);
-        (apres - voulus).Ecrit(tables.pousses + huit * rang);
+        (apres - voulus).Ecrit(DuGroupe(tables.pousses, rang));
         return apres.Differents(avant);
     }
 
@@ -164,9 +171,9 @@ private:
         const HuitEntiers recus = HuitEntiers::Lus(tables.decalages + groupe.premierEnfant)
                                       .Pris(enfants)
                                       .OuSiNegatif(enfants, HuitEntiers::Tous(0));
-        int *const place = tables.ecarts + huit * rang;
+        int *const place = DuGroupe(tables.ecarts, rang);
         (HuitEntiers::Lus(place) + recus).Ecrit(place);
-        const HuitEntiers remis = HuitEntiers::Lus(tables.pousses + huit * rang) + recus;
+        const HuitEntiers remis = HuitEntiers::Lus(DuGroupe(tables.pousses, rang)) + recus;
         // What this writes behind those who have parents the next group writes over, or it is spare.
         remis.Pris(HuitEntiers::Lus(groupe.avecParents)).Ecrit(tables.decalages + groupe.premierDecalage);
         vus = vus | remis;

@@ -13,7 +13,7 @@ struct MesuresDisposition;
 class DispositionPrudente
 {
 public:
-    DispositionPrudente(Arbre &arbre, const MesuresDisposition &mesures);
+    DispositionPrudente(Arbre &aDisposer, const MesuresDisposition &desMesures);
     void Execute();
 
 private:

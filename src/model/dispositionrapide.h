@@ -18,7 +18,7 @@ struct MesuresDisposition;
 class DispositionRapide
 {
 public:
-    DispositionRapide(Arbre &arbre, const MesuresDisposition &mesures);
+    DispositionRapide(Arbre &aDisposer, const MesuresDisposition &desMesures);
 
     /// Generations in order, all counted; every parent one generation above its child, and parents in the order of their
     /// children; lengths positive. Otherwise the passes might never end.

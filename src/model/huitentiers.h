@@ -33,28 +33,28 @@ struct HuitEntiers
     DANS_HUIT_ENTIERS inline HuitEntiers operator-(HuitEntiers b) const { return {_mm256_sub_epi32(v, b.v)}; }
     DANS_HUIT_ENTIERS inline HuitEntiers operator|(HuitEntiers b) const { return {_mm256_or_si256(v, b.v)}; }
     /// Rounded down, also below zero.
-    DANS_HUIT_ENTIERS inline HuitEntiers Moitie() const { return {_mm256_srai_epi32(v, 1)}; }
-    DANS_HUIT_ENTIERS inline HuitEntiers Max(HuitEntiers b) const { return {_mm256_max_epi32(v, b.v)}; }
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers Moitie() const { return {_mm256_srai_epi32(v, 1)}; }
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers Max(HuitEntiers b) const { return {_mm256_max_epi32(v, b.v)}; }
 
     /// At each place the number that stands here at the place that the three low bits of \a places tell.
-    DANS_HUIT_ENTIERS inline HuitEntiers Pris(HuitEntiers places) const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers Pris(HuitEntiers places) const
     {
         return {_mm256_permutevar8x32_epi32(v, places.v)};
     }
     /// As above out of sixteen, these eight and \a suite: four low bits.
-    DANS_HUIT_ENTIERS inline HuitEntiers PrisAvec(HuitEntiers suite, HuitEntiers places) const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers PrisAvec(HuitEntiers suite, HuitEntiers places) const
     {
         const HuitEntiers quatriemeBitEnSigne{_mm256_slli_epi32(places.v, 28)};
         return Pris(places).OuSiNegatif(quatriemeBitEnSigne, suite.Pris(places));
     }
     /// \a autre where \a signe is negative.
-    DANS_HUIT_ENTIERS inline HuitEntiers OuSiNegatif(HuitEntiers signe, HuitEntiers autre) const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers OuSiNegatif(HuitEntiers signe, HuitEntiers autre) const
     {
         return {_mm256_castps_si256(
             _mm256_blendv_ps(_mm256_castsi256_ps(v), _mm256_castsi256_ps(autre.v), _mm256_castsi256_ps(signe.v)))};
     }
     /// At each place the largest of the numbers up to there.
-    DANS_HUIT_ENTIERS inline HuitEntiers MaxJusquIci() const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers MaxJusquIci() const
     {
         constexpr int unDecale = 0b10'01'00'00;     // 0 0 1 2, in both halves
         constexpr int deuxDecales = 0b01'00'01'00;  // 0 1 0 1
@@ -62,14 +62,14 @@ struct HuitEntiers
         resultat = resultat.Max({_mm256_shuffle_epi32(resultat.v, deuxDecales)});
         return resultat.Max(resultat.Pris({_mm256_setr_epi32(0, 1, 2, 3, 3, 3, 3, 3)}));
     }
-    DANS_HUIT_ENTIERS inline HuitEntiers DernierPartout() const { return Pris(Tous(7)); }
+    [[nodiscard]] DANS_HUIT_ENTIERS inline HuitEntiers DernierPartout() const { return Pris(Tous(7)); }
 
     /// One bit a place, the first one lowest.
-    DANS_HUIT_ENTIERS inline unsigned Differents(HuitEntiers b) const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline unsigned Differents(HuitEntiers b) const
     {
         return 0xFFU & ~HuitEntiers{_mm256_cmpeq_epi32(v, b.v)}.Negatifs();
     }
-    DANS_HUIT_ENTIERS inline unsigned Negatifs() const
+    [[nodiscard]] DANS_HUIT_ENTIERS inline unsigned Negatifs() const
     {
         return static_cast<unsigned>(_mm256_movemask_ps(_mm256_castsi256_ps(v)));
     }

@@ -43,7 +43,7 @@ int PoidsSurCent(const QFont &police)
 
 QFont FaitPolice(const QString &famille, int points, int poidsSurCent, bool italique)
 {
-    return QFont(famille, points, PoidsDePolice(poidsSurCent), italique);
+    return {famille, points, PoidsDePolice(poidsSurCent), italique};
 }
 
 QFont PoliceDessinable(const QFont &police)

@@ -41,7 +41,7 @@ QImage LitPhoto(const QString &chemin)
     const auto lue = photos.constFind(nom);
     if (lue != photos.constEnd() && lue->date == date && lue->taille == taille)
         return lue->image;
-    const QImage image = Lit(chemin);
+    QImage image = Lit(chemin);
     if (!image.isNull())
         photos.insert(nom, {.image = image, .date = date, .taille = taille});
     return image;

@@ -29,7 +29,7 @@ bool RangeesParHuit::Remplit(const TableDisposition &table)
         RelieLaRangee(table, rangee);
     decalages.resize(static_cast<std::size_t>(entree));
     // The parents are read sixteen at a time.
-    ecarts.resize(nombre + 2 * huit);
+    ecarts.resize(nombre + std::size_t{2} * huit);
     return true;
 }
 

@@ -17,7 +17,8 @@ int RamelierDoc::OuvreFichierArbre(const QString &fileName, QString &repertoire)
 int RamelierDoc::load(const QString &fileName, QString &repertoire, QString &fichierOptions, int mode)
 {
     const CurseurAttente attente;
-    const QString nom = fileName;  // may be our own nomFichier
+    // May be our own nomFichier. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const QString nom = fileName;
     if (arbre) {
         SupprimeArbre();
         modifie = false;
