@@ -1,7 +1,7 @@
 #include "navigateurfiche.h"
 
 #include "longsmots.h"
-#include "tablesprofondes.h"
+#include "pageprudente.h"
 #include "textefiche.h"
 
 #include <QFileInfo>
@@ -38,7 +38,7 @@ QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
         return ordinaire ? QTextBrowser::loadResource(type, url) : QVariant();
     const QByteArray octets = OctetsFiche(chemin);
     if (!octets.isNull())
-        return SansTablesProfondes(TexteFicheHtml(octets));
+        return PagePrudente(TexteFicheHtml(octets));
     return QStringLiteral("<p>Le fichier %1 n'existe pas !</p>")
         .arg((chemin.isEmpty() ? url.toDisplayString() : chemin).toHtmlEscaped());
 }
