@@ -70,8 +70,7 @@ void TestGedcomDialogues::leChoixDeLaRacineSOuvreSansChoix()
         vues += dialogue.isModal() ? QStringLiteral("modal") : QStringLiteral("libre");
         QTest::keyClick(&dialogue, Qt::Key_Return);
     });
-    const std::optional<QString> reponse =
-        Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; });
+    const std::optional<QString> reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vues,
              lignes
