@@ -47,7 +47,7 @@ void RamelierApp::slotAjouterMere()
 
 QString RamelierApp::RefusDeSupprimer(const Personne &personne) const
 {
-    const QString refus = QStringLiteral("Impossible de supprimer la personne n° ") + QString::number(personne.numero);
+    QString refus = QStringLiteral("Impossible de supprimer la personne n° ") + QString::number(personne.numero);
     if (personne.numero == 1 || &personne == doc->arbre->premiere)
         return refus;
     if (personne.ptrPere || personne.ptrMere)

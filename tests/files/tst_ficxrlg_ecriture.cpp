@@ -27,6 +27,7 @@ private Q_SLOTS:
     void nEchappeRien();
     void ecritUnePersonneSansInformations();
     void unCaractereIncompletResteDansSonElement();
+    void unGrandArbreEstEcritEnEntier();
     void refuseLaCible_data();
     void refuseLaCible();
     void sansNomDeFichierLeDit();
@@ -198,6 +199,26 @@ void TestFicXrlgEcriture::unCaractereIncompletResteDansSonElement()
     QVERIFY(EcritArbreXRLG(sortie, *arbre));
     QVERIFY(sortie.data().contains("        <nom>A\xEF\xBF\xBD</nom>\n"
                                    "        <prenom>B</prenom>\n"));
+}
+
+void TestFicXrlgEcriture::unGrandArbreEstEcritEnEntier()
+{
+    const auto arbre = ArbreComplet(12);
+    const QString chemin = Chemin(QStringLiteral("a.xrlg"));
+    QVERIFY(writeFicXRLG(chemin, arbre.get()));
+    const QByteArray contenu = Contenu(chemin);
+    QCOMPARE(contenu.count("    <personne>\n"), 4095);
+    QCOMPARE(contenu.count("    </personne>\n"), 4095);
+    QVERIFY(contenu.endsWith("        <nom>N4095</nom>\n"
+                             "      </infopersonne>\n"
+                             "    </personne>\n"
+                             "    <nombregenerations>12</nombregenerations>\n"
+                             "  </arbre>\n"
+                             "</xrlg>\n"));
+    Arbre relu;
+    QString repertoire = dossier->path();
+    QCOMPARE(readFicXRLG(chemin, repertoire, &relu), 0);
+    QCOMPARE(ArbreEnTexte(relu), ArbreEnTexte(*arbre));
 }
 
 void TestFicXrlgEcriture::refuseLaCible_data()

@@ -23,6 +23,8 @@ private Q_SLOTS:
     void unTexteSeLitCommeIlEstEcrit_data();
     void unTexteSeLitCommeIlEstEcrit();
     void uneEntiteExterneNEstJamaisOuverte();
+    void ceQuiEstEntreGuillemetsNEstPasUneDeclaration_data();
+    void ceQuiEstEntreGuillemetsNEstPasUneDeclaration();
 };
 
 void TestFicXrlgSyntaxe::dePrecisesErreursDeSyntaxe_data()
@@ -162,6 +164,35 @@ void TestFicXrlgSyntaxe::uneEntiteExterneNEstJamaisOuverte()
     fichier.close();
     Lit("<!DOCTYPE xrlg [<!ENTITY e SYSTEM \"file://" + secret.toUtf8() + "\">]><xrlg><creepar>[&e;]</creepar></xrlg>");
     QVERIFY(!arbre->infoArbre->creepar.contains(QStringLiteral("secret")));
+}
+
+void TestFicXrlgSyntaxe::ceQuiEstEntreGuillemetsNEstPasUneDeclaration_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<int>("resultat");
+    QTest::addColumn<QStringList>("dit");
+    const auto refus = [](int colonne) {
+        return QStringList{QStringLiteral("information|Arbre XRLG|Erreur de syntaxe ligne 1, colonne %1:\n"
+                                          "Le fichier n'est pas un fichier XRLG.")
+                               .arg(colonne)};
+    };
+    QTest::newRow("crochet") << QByteArray("<!DOCTYPE xrlg SYSTEM \"a[b\">") << 0 << QStringList();
+    QTest::newRow("crochet, apostrophes") << QByteArray("<!DOCTYPE xrlg SYSTEM 'a[b'>") << 0 << QStringList();
+    QTest::newRow("l'autre guillemet") << QByteArray("<!DOCTYPE xrlg SYSTEM \"a'[\">") << 0 << QStringList();
+    QTest::newRow("supérieur") << QByteArray("<!DOCTYPE xrlg SYSTEM \"a>b\" [<!ENTITY e \"f\">]>") << 2 << refus(29);
+    QTest::newRow("deux textes") << QByteArray("<!DOCTYPE xrlg PUBLIC '>' \">\" [<!ENTITY e \"f\">]>") << 2
+                                 << refus(31);
+}
+
+void TestFicXrlgSyntaxe::ceQuiEstEntreGuillemetsNEstPasUneDeclaration()
+{
+    QFETCH(QByteArray, type);
+    QFETCH(int, resultat);
+    QFETCH(QStringList, dit);
+    QCOMPARE(Lit(type + "<xrlg version=\"1.0\"><arbre><personne><numero>1</numero></personne></arbre></xrlg>"),
+             resultat);
+    QCOMPARE(messages, dit);
+    QCOMPARE(NumerosEnTexte(*arbre), resultat == 0 ? QStringLiteral("1") : QString());
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestFicXrlgSyntaxe)

@@ -107,7 +107,7 @@ void TestArbViewImmense::lesBarresVontJusquAuBout()
 void TestArbViewImmense::chacunSeVoitEtSeClique_data()
 {
     QTest::addColumn<quint64>("numero");
-    for (const quint64 numero : {1, 32, 33, 40, 41, 47, 48, 55, 62, 63})
+    for (const quint64 numero : std::initializer_list<quint64>{1, 32, 33, 40, 41, 47, 48, 55, 62, 63})
         QTest::addRow("%llu", numero) << numero;
 }
 

@@ -134,6 +134,7 @@ private Q_SLOTS:
     void laMemeImageEtLesMemesClics();
     void lesArbresMalFormesAussi_data();
     void lesArbresMalFormesAussi();
+    void unTextePlusLongEstVuDeLoin_data();
     void unTextePlusLongEstVuDeLoin();
     void quiVientOuPartEstVu();
     void tousDeplacesTousDessines();
@@ -232,12 +233,24 @@ void TestPlaces::lesArbresMalFormesAussi()
     }
 }
 
+void TestPlaces::unTextePlusLongEstVuDeLoin_data()
+{
+    QTest::addColumn<int>("generations");
+    QTest::addColumn<quint64>("numero");
+    QTest::newRow("petit arbre") << 9 << quint64{300};
+    // More persons than are looked at as one: whoever changes is among the first, or among the last ones.
+    QTest::newRow("grand arbre, en bas") << 13 << quint64{3};
+    QTest::newRow("grand arbre, en haut") << 13 << quint64{8000};
+}
+
 void TestPlaces::unTextePlusLongEstVuDeLoin()
 {
-    const auto arbre = ArbreComplet(9);
+    QFETCH(int, generations);
+    QFETCH(quint64, numero);
+    const auto arbre = ArbreComplet(generations);
     const Presentation presentation;
     DisposeArbre(*arbre, presentation.formats, sx, sy);
-    Personne *personne = Trouve(*arbre, 300);
+    Personne *personne = Trouve(*arbre, numero);
     const QRect zone(static_cast<int>(personne->x) + 900, static_cast<int>(personne->y), 100, 84);
     QVERIFY(!Dessin(*arbre, presentation, zone).join(u'\n').contains(QStringLiteral("MMM")));
     personne->info->nom = QString(300, u'M');

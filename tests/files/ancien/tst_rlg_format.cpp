@@ -389,7 +389,7 @@ void TestRlgFormat::lOrdreEtLesDoublesRestent()
 {
     for (const int version : {1, 3}) {
         FichierRlg fichier{.version = version};
-        for (const quint64 numero : {4, 1, 2, 2, 0, 7})
+        for (const quint64 numero : std::initializer_list<quint64>{4, 1, 2, 2, 0, 7})
             fichier.Ajoute({.numero = numero, .textes = {"A"}});
         QCOMPARE(Lit(fichier), 0);
         QCOMPARE(NumerosEnTexte(*arbre), QStringLiteral("4 1 2 2 0 7"));

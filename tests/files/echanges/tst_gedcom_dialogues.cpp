@@ -70,8 +70,7 @@ void TestGedcomDialogues::leChoixDeLaRacineSOuvreSansChoix()
         vues += dialogue.isModal() ? QStringLiteral("modal") : QStringLiteral("libre");
         QTest::keyClick(&dialogue, Qt::Key_Return);
     });
-    const std::optional<QString> reponse =
-        Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
+    const std::optional<QString> reponse = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(vues,
              lignes
@@ -135,7 +134,7 @@ void TestGedcomDialogues::laReponseEstLeTexteDuChamp()
         geste(dialogue);
         QTest::mouseClick(dialogue.OKButton, Qt::LeftButton);
     });
-    const auto rendue = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; });
+    const auto rendue = Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; });
     QCOMPARE(scenario.Ecarts(), QStringList());
     QVERIFY(rendue.has_value());
     QCOMPARE(*rendue, reponse);
@@ -158,7 +157,7 @@ void TestGedcomDialogues::renoncerNeRepondRien()
         CliqueLaLigne(dialogue, 1);
         geste(dialogue);
     });
-    QVERIFY(!Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; }).has_value());
+    QVERIFY(!Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; }).has_value());
     QCOMPARE(scenario.Ecarts(), QStringList());
 }
 
@@ -233,7 +232,7 @@ void TestGedcomDialogues::aucunDialogueNeReste()
     Scenario scenario;
     scenario.Dialogue<DlgIndRac>([](DlgIndRac &dialogue) { dialogue.accept(); });
     scenario.Dialogue<DlgSexRac>([](DlgSexRac &dialogue) { dialogue.accept(); });
-    QVERIFY(Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [this] { return lignes; }).has_value());
+    QVERIFY(Interlocuteur::Courant().ChoisitRacine(fenetre.get(), [] { return lignes; }).has_value());
     QVERIFY(Interlocuteur::Courant().RacineMasculine(fenetre.get()));
     QCOMPARE(scenario.Ecarts(), QStringList());
     QVERIFY(fenetre->findChildren<QDialog *>().isEmpty());

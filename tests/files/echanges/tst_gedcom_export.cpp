@@ -165,7 +165,7 @@ void TestGedcomExport::lesPersonnesSansNomNOntPasDeFiche()
 {
     BancEchange banc;
     const auto arbre = ArbreDeNumeros({1, 2, 3, 6});
-    for (const quint64 numero : {1, 3, 6})
+    for (const quint64 numero : std::initializer_list<quint64>{1, 3, 6})
         *Trouve(*arbre, numero)->info = {"", "", "1900", "Metz", "1980", "Brest", "Pâtre", "a.html", "a.png", 0};
     const QStringList lignes{
         "0 @I2@ INDI",   "  1 NAME N2/",  "  1 SEX M",     "  1 FAMS @F23@", "0 @F23@ FAM",

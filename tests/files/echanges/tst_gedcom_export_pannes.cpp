@@ -95,17 +95,17 @@ void TestGedcomExportPannes::sansDroitsRienNEstEcrit()
 
 void TestGedcomExportPannes::unDisquePleinLaisseLAncienFichier_data()
 {
-    QTest::addColumn<int>("octets");
+    QTest::addColumn<quint64>("octets");
     QTest::addColumn<bool>("existe");
-    QTest::newRow("dès le début, ancien fichier") << 0 << true;
-    QTest::newRow("en route, ancien fichier") << 300 << true;
-    QTest::newRow("dès le début, nouveau fichier") << 0 << false;
-    QTest::newRow("en route, nouveau fichier") << 300 << false;
+    QTest::newRow("dès le début, ancien fichier") << quint64{0} << true;
+    QTest::newRow("en route, ancien fichier") << quint64{300} << true;
+    QTest::newRow("dès le début, nouveau fichier") << quint64{0} << false;
+    QTest::newRow("en route, nouveau fichier") << quint64{300} << false;
 }
 
 void TestGedcomExportPannes::unDisquePleinLaisseLAncienFichier()
 {
-    QFETCH(int, octets);
+    QFETCH(quint64, octets);
     QFETCH(bool, existe);
     BancEchange banc;
     if (existe)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void compteIndivCompteLaListe();
     void chercheRacineParcourtTouteLaListe();
     void copieInfoRemplaceSeptTextes();
+    void desTextesLongsSontEntiers();
 };
 
 namespace {
@@ -350,6 +351,21 @@ void TestGedcomImport::copieInfoRemplaceSeptTextes()
     IndividuGED vide{QString()};
     CopieInfo(&vide, &personne);
     QCOMPARE(Textes(*personne.info), QStringLiteral("|||||||| photo -1"));
+}
+
+void TestGedcomImport::desTextesLongsSontEntiers()
+{
+    BancEchange banc;
+    const QByteArray cent(100, 'A');
+    const QByteArray centUn(101, 'B');
+    const auto arbre = banc.Importe("0 @I1@ INDI\n1 NAME X /" + cent + "/\n1 OCCU " + centUn + "\n1 BIRT\n2 PLAC "
+                                        + centUn + "\n2 DATE " + cent + "\n0 TRLR\n",
+                                    QStringLiteral("@I1@"));
+    const InfoPersonne &info = *arbre->premiere->info;
+    QCOMPARE(info.nom, QString(100, u'A'));
+    QCOMPARE(info.divers, QString(101, u'B'));
+    QCOMPARE(info.lieunaissance, QString(101, u'B'));
+    QCOMPARE(info.datenaissance, QString(100, u'A'));
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestGedcomImport)
