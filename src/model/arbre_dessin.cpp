@@ -57,13 +57,16 @@ private:
             return;
         // Only texts may reach the exposed part: to measure them costs less than to draw what nobody will see.
         if (peints && !connus && EstHors(personne, {})) {
-            const QRect prendront = personne.MesureLesTextes(peintre, outils);
-            if (EstHors(personne, Note(personne, rang, prendront)))
+            const QRect texte = personne.MesureLesTextes(peintre, outils);
+            const Debords mesures = DebordsDe(personne, texte);
+            if (!texte.isNull())
+                peints->Note(rang, mesures);
+            if (EstHors(personne, mesures))
                 return;
         }
         const QRect pris = personne.Dessine(peintre, outils);
-        if (peints && !connus)
-            Note(personne, rang, pris);
+        if (peints && !connus && !pris.isNull())
+            peints->Note(rang, DebordsDe(personne, pris));
     }
 
     [[nodiscard]] bool EstHors(const Personne &personne, const Debords &debords) const
@@ -76,14 +79,10 @@ private:
         return encombrement.DebordsDe(personne.info ? personne.info->Mesure() : MesureTextes(), personne.numero);
     }
 
-    /// What the texts in \a pris take, remembered. A null rectangle is of a person that is not to be drawn (yet).
-    Debords Note(const Personne &personne, std::size_t rang, const QRect &pris) const
+    /// How far the texts in \a pris stand out. A null rectangle is of a person that is not to be drawn (yet).
+    [[nodiscard]] Debords DebordsDe(const Personne &personne, const QRect &pris) const
     {
-        if (pris.isNull())
-            return {};
-        const Debords debords = encombrement.DebordsDe(pris, personne.x, personne.y);
-        peints->Note(rang, debords);
-        return debords;
+        return pris.isNull() ? Debords{} : encombrement.DebordsDe(pris, personne.x, personne.y);
     }
 
     QPainter &peintre;
