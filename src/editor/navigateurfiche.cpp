@@ -1,7 +1,8 @@
 #include "navigateurfiche.h"
 
+#include "imagesbornees.h"
 #include "longsmots.h"
-#include "pageprudente.h"
+#include "tablesprofondes.h"
 #include "textefiche.h"
 
 #include <QFileInfo>
@@ -23,6 +24,7 @@ NavigateurFiche::NavigateurFiche(QWidget *parent)
     papier.setColor(QPalette::Text, Qt::black);
     setPalette(papier);
     CoupeLesTresLongsMots(this);
+    new ImagesBornees(document());
 }
 
 QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
@@ -38,7 +40,7 @@ QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
         return ordinaire ? QTextBrowser::loadResource(type, url) : QVariant();
     const QByteArray octets = OctetsFiche(chemin);
     if (!octets.isNull())
-        return PagePrudente(TexteFicheHtml(octets));
+        return SansTablesProfondes(TexteFicheHtml(octets));
     return QStringLiteral("<p>Le fichier %1 n'existe pas !</p>")
         .arg((chemin.isEmpty() ? url.toDisplayString() : chemin).toHtmlEscaped());
 }

@@ -177,6 +177,7 @@ void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impressi
     const int etatVoulu = impression ? InfoPersonne::PhotoPourImpression : InfoPersonne::PhotoPourEcran;
     QImage &copie = impression ? info->photoImpression : info->photoEcran;
     if (info->etatPhoto != etatVoulu) {
+        info->photoEcran = info->photoImpression = QImage();  // the other one is not valid any more either
         copie =
             info->photo.isNull() ? QImage() : info->photo.scaled(cadre, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         copie.setDevicePixelRatio(finesse);

@@ -124,8 +124,10 @@ void TestDessinPhoto::lEtatAlterneEntreEcranEtImpression()
     QCOMPARE(Images(true), attendu);
     QCOMPARE(info.etatPhoto, 3);
     QCOMPARE(info.photoImpression.size(), QSize(84, 84));
+    QVERIFY(info.photoEcran.isNull());
     QCOMPARE(Images(false), attendu);
     QCOMPARE(info.etatPhoto, 2);
+    QVERIFY(info.photoImpression.isNull());
     QCOMPARE(info.photo.size(), QSize(60, 60));
 }
 
