@@ -37,6 +37,8 @@ void RamelierApp::OteLesCommandesArbre()
 {
     ActiveCommandesArbreSaufExport(false);
     PasseEnConsultation();
+    // Whoever is selected still goes with the tree.
+    actAffFicheHTML->setEnabled(false);
 }
 
 void RamelierApp::RendLesCommandesArbre()

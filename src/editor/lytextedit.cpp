@@ -91,6 +91,14 @@ void LyTextEdit::ConnecteLeTexte()
     connect(texte, &QTextEdit::copyAvailable, actEditCopy, &QAction::setEnabled);
     connect(texte, &QTextEdit::undoAvailable, actEditAnnuler, &QAction::setEnabled);
     connect(texte, &QTextEdit::redoAvailable, actEditRefaire, &QAction::setEnabled);
+    // The toolkit does not tell everything: an undo may take the selection away, and a letter what there was to redo.
+    const auto accorde = [this] {
+        actEditCut->setEnabled(isTextSelected());
+        actEditCopy->setEnabled(isTextSelected());
+        actEditRefaire->setEnabled(texte->document()->isRedoAvailable());
+    };
+    connect(texte, &QTextEdit::selectionChanged, this, accorde);
+    connect(texte->document(), &QTextDocument::contentsChanged, this, accorde, Qt::QueuedConnection);
     connect(texte->document(), &QTextDocument::modificationChanged, this, &LyTextEdit::slotMaJStatusBarreInfoModif);
     connect(texte, &monQTextEdit::insertKeyPressed, this, &LyTextEdit::slotInsertRewrite);
     texte->setFocus();

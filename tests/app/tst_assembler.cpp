@@ -25,6 +25,8 @@ private Q_SLOTS:
     void unFichierIncorrectLibereTout();
     void leTravailNonSauveEstGarde();
     void lExportationNEstPasTouchee();
+    void laFicheDeLAncienArbreNEstPlusOfferte_data();
+    void laFicheDeLAncienArbreNEstPlusOfferte();
     void lAssemblageSeSauveSousUnNom();
 
 private:
@@ -198,6 +200,30 @@ void TestAssembler::lExportationNEstPasTouchee()
     QVERIFY(fenetre->actExporteGED->isEnabled());
     Assemble(pere, mere);
     QVERIFY(fenetre->actExporteGED->isEnabled());
+}
+
+void TestAssembler::laFicheDeLAncienArbreNEstPlusOfferte_data()
+{
+    QTest::addColumn<QByteArray>("octetsDuPere");
+    QTest::newRow("assemblé") << ArbreEcrit("P", {{1, "MARTIN", "Jean"}});
+    QTest::newRow("abandonné") << QByteArray("Ceci n'est pas un arbre.");
+}
+
+void TestAssembler::laFicheDeLAncienArbreNEstPlusOfferte()
+{
+    QFETCH(const QByteArray, octetsDuPere);
+    fenetre = std::make_unique<Fenetre>(
+        QStringList{dossier->Ecrit("ouvert.xrlg", ArbreEcrit("A", {{1, "MARTIN", "Paul", "fiche.html"}}))});
+    Clique(*fenetre, 1);
+    QVERIFY(fenetre->actAffFicheHTML->isEnabled());
+    Scenario scenario;
+    Choisit(scenario, dossier->Ecrit("autre.xrlg", octetsDuPere));
+    Choisit(scenario, mere);
+    if (!octetsDuPere.startsWith('<'))
+        scenario.Repond("OK").Repond("OK");
+    fenetre->actAssembleArbres->trigger();
+    QCOMPARE(scenario.Ecarts(), QStringList());
+    QVERIFY(!fenetre->actAffFicheHTML->isEnabled());
 }
 
 void TestAssembler::lAssemblageSeSauveSousUnNom()

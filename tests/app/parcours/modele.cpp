@@ -6,6 +6,7 @@
 #include "ramelierdoc.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QLabel>
 
 bool Modele::EstUneCime(quint64 numero) const
@@ -27,6 +28,7 @@ void Modele::Selectionne(quint64 numero)
 void Modele::BasculeMode()
 {
     consultation = !consultation;
+    modeJamaisChange = false;
     // Without a selection the way to editing leaves it alone, but the way to consultation has disabled it before.
     annulable = false;
 }
@@ -82,6 +84,8 @@ void Modele::EnregistreSous(const QString &chemin)
 {
     nomFichier = chemin;
     fichierArbre = chemin;
+    dernierRep = QFileInfo(chemin).absolutePath();
+    ancien = false;
     titre = "Ramelier 5.1 - " + chemin;
     Enregistre();
 }
@@ -93,43 +97,71 @@ void Modele::Ouvre(const QString &chemin, const Contenu &lu, quint64 compteEcrit
     compteEnTrop = compteEcrit;
     selection = 0;
     consultation = true;
+    modeJamaisChange = false;
+    exportPermis = true;
     annulable = false;
     nomFichier = chemin;
     fichierArbre = chemin;
+    dernierRep = QFileInfo(chemin).absolutePath();
+    ancien = chemin.endsWith(".rlg");
     titre = "Ramelier 5.1 - " + chemin;
     modifie = false;
     optionsModifiees = false;
     RafraichitLabel();
 }
 
-void Modele::Commence(const Page &page, const Textes &racine)
+void Modele::PrendSansFichier(const Contenu &nouveau)
 {
     arbreOuvert = true;
-    contenu = {.personnes = {{1, racine}}, .page = page};
+    contenu = nouveau;
     compteEnTrop = 0;
-    selection = 1;
+    selection = 0;
     consultation = false;
+    modeJamaisChange = false;
     annulable = false;
     nomFichier.clear();
     fichierArbre.clear();
+    ancien = false;
     titre = "Ramelier 5.1 - Nouveau";
     modifie = true;
     optionsModifiees = false;
     RafraichitLabel();
 }
 
-void Modele::AbandonneLaCreation()
+void Modele::Commence(const Page &page, const Textes &racine)
+{
+    PrendSansFichier({.personnes = {{1, racine}}, .page = page});
+    selection = 1;
+    exportPermis = true;
+}
+
+void Modele::PerdLArbre()
 {
     arbreOuvert = false;
     contenu = {};
     selection = 0;
     consultation = true;
+    modeJamaisChange = false;
     annulable = false;
     nomFichier.clear();
-    fichierArbre.clear();
+    ancien = false;
     modifie = false;
     optionsModifiees = false;
     RafraichitLabel();
+}
+
+void Modele::AbandonneLaCreation()
+{
+    PerdLArbre();
+    fichierArbre.clear();
+    exportPermis = false;
+}
+
+void Modele::Redemarre()
+{
+    const QString dossier = dernierRep;
+    *this = Modele();
+    dernierRep = dossier;
 }
 
 QStringList Modele::ActionsActives() const
@@ -138,8 +170,10 @@ QStringList Modele::ActionsActives() const
                      "actViewStatusBar", "actModeAffichage", "actAssembleArbres", "actImporteGED",  "actAide",
                      "actHelpAbout",     "actHelpAboutQt",   "actWhatsThis"};
     if (arbreOuvert)
-        noms += {"actFileSave",   "actFileSaveAs",   "actFilePrint",     "actModeTravail",
-                 "actExporteGED", "actPoliceCaract", "actFormatsDessins"};
+        noms +=
+            {"actFileSave", "actFileSaveAs", "actFilePrint", "actModeTravail", "actPoliceCaract", "actFormatsDessins"};
+    if (exportPermis)
+        noms += "actExporteGED";
     if (EnEdition())
         noms += "actEditPdG";
     if (EnEdition() && selection != 0) {
@@ -166,8 +200,13 @@ QString Modele::EcartDesTextes(const Fenetre &fenetre) const
     } textes[] = {
         {fenetre.windowTitle(), titre},
         {fenetre.labelMode->text(), consultation ? " Consultation " : " Edition "},
-        {fenetre.actModeTravail->text(), consultation ? "Mode édition/modification" : "Consultation"},
+        {fenetre.actModeTravail->text(),
+         modeJamaisChange   ? "Mode Edition/modification"
+             : consultation ? "Mode édition/modification"
+                            : "Consultation"},
         {fenetre.labelInfoModif->text(), labelModifie ? " document modifé " : "                     "},
+        {fenetre.fichierArbre, fichierArbre},
+        {fenetre.dernierRep, dernierRep},
         {fenetre.actAnnuler->text(), modifAnnulee ? "&Annuler annuler" : "&Annuler"},
     };
     for (const auto &texte : textes) {

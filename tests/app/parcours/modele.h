@@ -17,9 +17,13 @@ public:
     quint64 selection = 0;     ///< 0: nobody
     QString nomFichier;        ///< where a save goes; empty for a new tree
     QString fichierArbre;      ///< what the save dialog proposes; an open command given up empties it
-    QString titre;
+    bool ancien = false;       ///< read from an older binary file and not saved since
+    QString titre = "Ramelier 5.1";
     // The window.
+    QString dernierRep;
+    bool modeJamaisChange = true;  ///< the text of the mode's action is still the first one
     bool consultation = true;
+    bool exportPermis = false;
     bool modifie = false;
     bool optionsModifiees = false;
     bool labelModifie = false;  ///< the field of the status bar, refreshed by most commands but not by all
@@ -52,6 +56,12 @@ public:
     void Ouvre(const QString &chemin, const Contenu &lu, quint64 compteEcrit);
     void Commence(const Page &page, const Textes &racine);
     void AbandonneLaCreation();
+    /// A window that starts anew, in the folder that the last one left.
+    void Redemarre();
+    /// The tree is gone, and nothing has taken its place.
+    void PerdLArbre();
+    /// A tree that comes from no tree file: imported or assembled.
+    void PrendSansFichier(const Contenu &nouveau);
 
     /// Where \a fenetre is not as stated here; empty when it is.
     [[nodiscard]] QString EcartAvec(const Fenetre &fenetre) const;

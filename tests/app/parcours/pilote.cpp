@@ -1,11 +1,15 @@
 #include "pilote.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPushButton>
 #include <QtTest>
 
 #include <algorithm>
@@ -61,7 +65,9 @@ void PiloteDialogues::Repond(QDialog &dialogue)
 {
     garde.start();
     const QPointer<QDialog> ouvert(&dialogue);
-    const QString ecart = etapes.isEmpty() ? refus(dialogue) : etapes.dequeue()(dialogue);
+    const QString ecart = !etapes.isEmpty() ? etapes.dequeue()(dialogue)
+        : improvise                         ? improvise(dialogue)
+                                            : refus(dialogue);
     if (ecart.isEmpty())
         return;
     ecarts += ecart;
@@ -97,6 +103,19 @@ void PiloteDialogues::AttendBoite(const QString &titre, const QString &texte, co
     });
 }
 
+void Choisit(QFileDialog &dialogue, const QString &chemin)
+{
+    // A dialog that starts with a name may write it again, as that of the file that it shows as chosen.
+    const auto listes = dialogue.findChildren<QAbstractItemView *>();
+    for (const QAbstractItemView *liste : listes) {
+        if (liste->selectionModel())
+            liste->selectionModel()->clear();
+    }
+    auto *champ = dialogue.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    champ->setText(chemin);  // typing would open its list of completions
+    QTest::keyClick(champ, Qt::Key_Return);
+}
+
 void PiloteDialogues::AttendFichier(const QString &titre, const QString &nom, const QString &chemin)
 {
     Attend<QFileDialog>([titre, nom, chemin](QFileDialog &dialogue) {
@@ -106,15 +125,44 @@ void PiloteDialogues::AttendFichier(const QString &titre, const QString &nom, co
         if (chemin.isEmpty()) {
             QTest::keyClick(&dialogue, Qt::Key_Escape);
         } else {
-            champ->setText(chemin);  // typing would open its list of completions
-            QTest::keyClick(champ, Qt::Key_Return);
+            Choisit(dialogue, chemin);
         }
+        return QString();
+    });
+}
+
+void PiloteDialogues::AttendImpression(bool imprime)
+{
+    Attend<QPrintDialog>([imprime](QPrintDialog &dialogue) {
+        if (!imprime) {
+            QTest::keyClick(&dialogue, Qt::Key_Escape);
+            return QString();
+        }
+        const auto boutons = dialogue.findChildren<QPushButton *>();
+        const auto imprimer =
+            std::find_if(boutons.begin(), boutons.end(), [](const QPushButton *bouton) { return bouton->isDefault(); });
+        if (imprimer == boutons.end())
+            return QStringLiteral("rien pour imprimer");
+        (*imprimer)->click();
+        return QString();
+    });
+}
+
+void PiloteDialogues::AttendPolice(int taille, bool accepte)
+{
+    Attend<QFontDialog>([taille, accepte](QFontDialog &dialogue) {
+        QFont police = dialogue.currentFont();
+        police.setPointSize(taille);
+        dialogue.setCurrentFont(police);
+        static_cast<QDialog &>(dialogue).done(accepte ? QDialog::Accepted : QDialog::Rejected);
         return QString();
     });
 }
 
 void Remplace(QLineEdit &champ, const QString &texte)
 {
+    if (texte.isEmpty())
+        return Efface(champ);
     champ.selectAll();
     Ajoute(champ, texte);
 }

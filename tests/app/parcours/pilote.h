@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class QFileDialog;
 class QLineEdit;
 
 /// Answers the modal dialogs of a long journey as soon as they are shown, in the order stated. A dialog that was not
@@ -32,6 +33,13 @@ public:
     /// must hold at first.
     void AttendFichier(const QString &titre, const QString &nom, const QString &chemin);
 
+    /// The next dialog is a print dialog; prints with its proposal, or gives up.
+    void AttendImpression(bool imprime);
+    /// The next dialog chooses a font; takes the one that it shows at \a taille points, or gives up.
+    void AttendPolice(int taille, bool accepte);
+    /// Every dialog that is not expected is given to \a reponse instead of being refused; an empty one ends that.
+    void Improvise(std::function<QString(QDialog &)> reponse) { improvise = std::move(reponse); }
+
     /// What did not happen as stated since the last call; empty when all is well and every dialog was met.
     QStringList PrendEcarts();
 
@@ -44,11 +52,14 @@ private:
     void FermeTout();
 
     QQueue<std::function<QString(QDialog &)>> etapes;
+    std::function<QString(QDialog &)> improvise;
     QPointer<QDialog> dernier;
     QStringList ecarts;
     QTimer garde;
 };
 
+/// Types \a chemin into a file dialog, and accepts.
+void Choisit(QFileDialog &dialogue, const QString &chemin);
 /// As a user types: replaces everything that \a champ holds.
 void Remplace(QLineEdit &champ, const QString &texte);
 /// Writes at its end.

@@ -1,8 +1,12 @@
 #include "utilisateur.h"
 
+#include "arbre.h"
 #include "dlgpdg.h"
 #include "dlgpers.h"
 #include "fenetre.h"
+#include "infopersonne.h"
+#include "personne.h"
+#include "ramelierdoc.h"
 
 #include <QAction>
 
@@ -30,10 +34,14 @@ Saisie Utilisateur::TireSaisie(std::size_t champs)
     for (std::size_t champ = 0; champ < champs; ++champ) {
         if (!tirage.Chance(20))
             continue;
-        const auto maniere = static_cast<Frappe::Maniere>(tirage.Parmi(3));
+        auto maniere = static_cast<Frappe::Maniere>(tirage.Parmi(3));
         QString texte = maniere == Frappe::Effacer ? QString() : tirage.Texte();
         if (champ == FicPhoto && maniere == Frappe::Remplacer)
             texte = tirage.Chance(50) ? "portrait.png" : "absente.jpg";
+        if (champ == FicHtml && tirage.Chance(70)) {
+            maniere = Frappe::Remplacer;
+            texte = tirage.Un(Fiches::Noms());
+        }
         saisie.frappes += {champ, maniere, texte};
     }
     saisie.fin = static_cast<Saisie::Fin>(tirage.Chance(75) ? tirage.Parmi(2) : 2 + tirage.Parmi(3));
@@ -79,53 +87,84 @@ void Utilisateur::AttendPage(const Page &avant, const Saisie &saisie)
     });
 }
 
-void Utilisateur::ModifieLaSelection(const std::function<void()> &lance)
+Utilisateur::ModificationPrevue Utilisateur::PrevoitModification()
 {
-    if (!modele.EnEdition() || modele.selection == 0)
-        return lance();
     Saisie saisie = TireSaisie(std::tuple_size_v<Textes>);
-    const Textes avant = modele.Selection();
+    ModificationPrevue prevue{.avant = modele.Selection()};
     if (tirage.Chance(8))
         saisie.frappes = {{Nom, Frappe::Effacer, {}}, {Prenom, Frappe::Effacer, {}}};
-    AttendPersonne("Modification des informations de la personne n°" + QString::number(modele.selection), avant,
+    AttendPersonne("Modification des informations de la personne n°" + QString::number(modele.selection), prevue.avant,
                    saisie);
-    Textes apres = saisie.Resultat(avant);
-    const bool change = saisie.EstAcceptee() && saisie.ATouche(avant);
-    if (change && apres[Nom].isEmpty() && apres[Prenom].isEmpty()) {
+    prevue.apres = saisie.Resultat(prevue.avant);
+    prevue.change = saisie.EstAcceptee() && saisie.ATouche(prevue.avant);
+    if (prevue.change && prevue.apres[Nom].isEmpty() && prevue.apres[Prenom].isEmpty()) {
         pilote.AttendBoite("Modification",
                            "Après modification, la personne n'avait plus de nom ni de prénom.\nPour éviter des "
                            "problèmes ultérieurs, le nom ??? lui a été affecté arbitrairement !!",
                            "OK");
-        apres[Nom] = "???";
-        NoteLeFait("sans nom");
+        prevue.apres[Nom] = "???";
+        partie.NoteLeFait("sans nom");
     }
-    lance();
-    if (change) {
-        modele.Modifie(apres);
-        NoteLeFait("modifiée");
+    return prevue;
+}
+
+void Utilisateur::ConstateModification(const ModificationPrevue &prevue)
+{
+    if (prevue.change) {
+        modele.Modifie(prevue.apres);
+        partie.NoteLeFait("modifiée");
         for (int fois = 0; fois < 4 && tirage.Chance(50); ++fois)
-            suite += Annuler;
+            suite += {"annuler", &Utilisateur::AnnuleLeDernier};
     }
     modele.RafraichitLabel();
 }
 
+void Utilisateur::ModifieLaSelection(const std::function<void()> &lance)
+{
+    if (!modele.EnEdition() || modele.selection == 0)
+        return lance();
+    const ModificationPrevue prevue = PrevoitModification();
+    lance();
+    ConstateModification(prevue);
+}
+
+void Utilisateur::Modifie()
+{
+    ModifieLaSelection([this] { Lance(fenetre->actModifier); });
+}
+
+void Utilisateur::AjouteUnPere()
+{
+    AjouteUnParent(true);
+}
+
+void Utilisateur::AjouteUneMere()
+{
+    AjouteUnParent(false);
+}
+
 void Utilisateur::AjouteUnParent(bool pere)
 {
-    QAction *action = pere ? fenetre.actAjouterPere : fenetre.actAjouterMere;
+    QAction *action = pere ? fenetre->actAjouterPere : fenetre->actAjouterMere;
     if (modele.EnEdition() && tirage.Chance(profil.selectionApresAjout))
         SelectionnePersonne();
     const quint64 numero = 2 * modele.selection + (pere ? 0 : 1);
     if (!modele.EnEdition() || modele.selection == 0 || modele.Existe(numero))
         return Lance(action);
+    // No number is left for parents so high up: nothing happens.
+    if (modele.selection >= quint64(1) << 63) {
+        partie.NoteLeFait("trop haut");
+        return Lance(action);
+    }
     const Saisie saisie = TirePersonneNouvelle();
     AttendPersonne("Modification des informations de la personne n°" + QString::number(numero), {}, saisie);
     Lance(action);
     const Textes textes = saisie.Resultat(Textes());
     const bool ajoutee = saisie.EstAcceptee() && !(textes[Nom].isEmpty() && textes[Prenom].isEmpty());
-    Note(QString::number(numero));
+    partie.Note(QString::number(numero));
     if (!ajoutee)
-        return NoteLeFait("refusée");
-    NoteLeFait("ajoutée");
+        return partie.NoteLeFait("refusée");
+    partie.NoteLeFait("ajoutée");
     modele.Ajoute(numero, textes);
     modele.RafraichitLabel();
 }
@@ -139,56 +178,65 @@ void Utilisateur::SupprimeLaSelection()
             CliqueSur(tirage.Un(cimes));
     }
     if (!modele.EnEdition() || modele.selection == 0)
-        return Lance(fenetre.actSuppPers);
+        return Lance(fenetre->actSuppPers);
     const QString numero = QString::number(modele.selection);
-    Note(numero);
+    partie.Note(numero);
     if (!modele.EstUneCime(modele.selection)) {
         const QString raison = modele.selection == 1 ? "" : " car elle possède au moins un ancêtrre";
         pilote.AttendBoite(titreSuppression, "Impossible de supprimer la personne n° " + numero + raison, "OK");
-        NoteLeFait("gardée");
-        return Lance(fenetre.actSuppPers);
+        partie.NoteLeFait("gardée");
+        return Lance(fenetre->actSuppPers);
     }
     const bool oui = tirage.Chance(80);
     pilote.AttendBoite(titreSuppression, "Voulez-vous vraiement supprimer la personne n° " + numero + " ?",
                        oui ? "Oui" : "Non");
-    Lance(fenetre.actSuppPers);
+    Lance(fenetre->actSuppPers);
     if (oui) {
         modele.Supprime();
-        NoteLeFait("supprimée");
+        partie.NoteLeFait("supprimée");
         if (tirage.Chance(40))
-            suite += Annuler;
+            suite += {"annuler", &Utilisateur::AnnuleLeDernier};
     }
     modele.RafraichitLabel();
 }
 
 void Utilisateur::AnnuleLeDernier()
 {
-    Lance(fenetre.actAnnuler);
+    const auto photos = [this] {
+        int chargees = 0;
+        const Arbre *arbre = fenetre->doc->arbre;
+        for (const Personne *personne = arbre ? arbre->premiere : nullptr; personne; personne = personne->suivante)
+            chargees += personne->info->etatPhoto >= InfoPersonne::PhotoChargee ? 1 : 0;
+        return chargees;
+    };
+    const int avant = photos();
+    Lance(fenetre->actAnnuler);
     if (!modele.annulable)
         return;
     // An undo without a sheet before and after only repaints, even where a photo comes or goes.
-    const auto photo = [](const Textes &textes) { return textes[FicPhoto] == "portrait.png"; };
     if (!modele.suppressionAAnnuler && modele.avant[FicHtml].isEmpty() && modele.apres[FicHtml].isEmpty()
-        && photo(modele.avant) != photo(modele.apres))
+        && photos() != avant)
         dispositionPerimee = true;
     modele.Annule();
     modele.RafraichitLabel();
-    Note(QString::number(modele.numeroAAnnuler));
-    NoteLeFait(modele.suppressionAAnnuler ? "remise" : modele.modifAnnulee ? "modification annulée" : "rétablie");
+    partie.Note(QString::number(modele.numeroAAnnuler));
+    partie.NoteLeFait(modele.suppressionAAnnuler ? "remise"
+                          : modele.modifAnnulee  ? "modification annulée"
+                                                 : "rétablie");
 }
 
 void Utilisateur::EditeLaPage()
 {
     if (!modele.EnEdition())
-        return Lance(fenetre.actEditPdG);
+        return Lance(fenetre->actEditPdG);
     const Saisie saisie = TireSaisie(std::tuple_size_v<Page>);
     const Page avant = modele.contenu.page;
     AttendPage(avant, saisie);
-    Lance(fenetre.actEditPdG);
+    Lance(fenetre->actEditPdG);
     if (saisie.EstAcceptee() && saisie.ATouche(avant, 0)) {
         modele.contenu.page = saisie.Resultat(avant, 0);
         modele.modifie = true;
-        NoteLeFait("page changée");
+        partie.NoteLeFait("page changée");
     }
     modele.RafraichitLabel();
 }
