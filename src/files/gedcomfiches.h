@@ -90,5 +90,5 @@ private:
     int octetsParLettre = 1;
 };
 
-/// The records of a file; none when it cannot be opened, is larger than 2 GiB or has a line of 16 MiB.
+/// The records of a file; none when it cannot be opened, is larger than 2 GiB or has a line of 64 MiB.
 [[nodiscard]] std::unique_ptr<const FichesGED> LitFichesGED(const QString &nomFichier);

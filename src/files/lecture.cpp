@@ -27,7 +27,7 @@ bool OuvreEnLecture(QFile &fichier, QIODevice::OpenMode mode, QString &cause)
 
 bool SansMarqueLongtemps(QByteArrayView octets, char marque)
 {
-    constexpr qsizetype bloc = qsizetype(8) << 20;
+    constexpr qsizetype bloc = qsizetype(32) << 20;
     for (qsizetype debut = 0; debut + bloc <= octets.size(); debut += bloc) {
         if (!octets.sliced(debut, bloc).contains(marque))
             return true;

@@ -91,7 +91,7 @@ void TestOuvrirCas::apresUneOuvertureAnnuleeLeNomDArbreEstVide()
     QCOMPARE(vu.nom, "nouveau");
     fenetre.slotFileSave();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(dossier.Noms(), QStringList{"a.xrlg"});
+    QCOMPARE(dossier.Noms(), (QStringList{"a.xrlg", "a.xrlg~"}));
 }
 
 void TestOuvrirCas::leFichierDOptionsPorteLeNomJusquauPremierPoint_data()

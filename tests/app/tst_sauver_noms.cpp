@@ -60,7 +60,7 @@ void TestSauverNoms::sauverEcritLArbreEtSesOptions()
     const Scenario scenario;
     fenetre.actFileSave->trigger();
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(dossier->Noms(), (QStringList{"a.opt", "a.xrlg"}));
+    QCOMPARE(dossier->Noms(), (QStringList{"a.opt", "a.xrlg", "a.xrlg~"}));
     QCOMPARE(dossier->Lit("a.xrlg"), arbreModifie);
     QCOMPARE(dossier->Lit("a.opt"), OptionsEcrites(47));
     QCOMPARE(fenetre.doc->areOptionsModified(), false);

@@ -8,47 +8,48 @@ class TestCommandesEdition : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void annulerCeQuiEstSelectionneNeLaisseRienACouper();
-    void uneLettreApresUneAnnulationNeLaisseRienARefaire();
+    void annulerSansSelectionNeLaisseRienACouper();
+    void effacerApresUneAnnulationNeLaisseRienARefaire();
 };
 
-void TestCommandesEdition::annulerCeQuiEstSelectionneNeLaisseRienACouper()
+void TestCommandesEdition::annulerSansSelectionNeLaisseRienACouper()
 {
     Atelier atelier;
-    const LyTextEdit &editeur = atelier.Ouvre("fiche.html", "");
-    Tape(editeur, "abc");
+    const LyTextEdit &editeur = atelier.Ouvre("fiche.html", "abcdef");
+    QTest::keyClick(editeur.texte, Qt::Key_End);
+    QTest::keyClick(editeur.texte, Qt::Key_Backspace);
     QTest::keyClick(editeur.texte, Qt::Key_A, Qt::ControlModifier);
     QVERIFY(editeur.actEditCut->isEnabled());
     QVERIFY(editeur.actEditCopy->isEnabled());
+    // The cursor goes where the letter comes back, and nothing is selected any more: the toolkit does not say so.
     editeur.actEditAnnuler->trigger();
-    QCOMPARE(TexteDe(editeur), QString());
+    QCOMPARE(TexteDe(editeur), "abcdef");
+    QVERIFY(!editeur.isTextSelected());
     QCoreApplication::processEvents();
     QVERIFY(!editeur.actEditCut->isEnabled());
     QVERIFY(!editeur.actEditCopy->isEnabled());
-    editeur.actEditRefaire->trigger();
-    QCOMPARE(TexteDe(editeur), "abc");
-    // And what is selected then can be cut again.
+    // What is selected then can be cut again.
     QTest::keyClick(editeur.texte, Qt::Key_A, Qt::ControlModifier);
     QCoreApplication::processEvents();
     QVERIFY(editeur.actEditCut->isEnabled());
     QVERIFY(editeur.actEditCopy->isEnabled());
 }
 
-void TestCommandesEdition::uneLettreApresUneAnnulationNeLaisseRienARefaire()
+void TestCommandesEdition::effacerApresUneAnnulationNeLaisseRienARefaire()
 {
     Atelier atelier;
-    const LyTextEdit &editeur = atelier.Ouvre("fiche.html", "");
-    Tape(editeur, "b");
+    const LyTextEdit &editeur = atelier.Ouvre("fiche.html", "abcdef");
     QTest::keyClick(editeur.texte, Qt::Key_Home);
-    Tape(editeur, "a");
-    QCOMPARE(TexteDe(editeur), "ab");
-    editeur.actEditAnnuler->trigger();
-    QCOMPARE(TexteDe(editeur), "b");
-    QVERIFY(editeur.actEditRefaire->isEnabled());
-    // This letter joins the first one: the toolkit takes both as one step, and does not say that there is nothing to redo.
+    QTest::keyClick(editeur.texte, Qt::Key_Delete);
     QTest::keyClick(editeur.texte, Qt::Key_End);
-    Tape(editeur, "c");
-    QCOMPARE(TexteDe(editeur), "bc");
+    Tape(editeur, "x");
+    editeur.actEditAnnuler->trigger();
+    QCOMPARE(TexteDe(editeur), "bcdef");
+    QVERIFY(editeur.actEditRefaire->isEnabled());
+    // This deletion joins the first one: the toolkit takes both as one step, and forgets to tell what is no more to redo.
+    QTest::keyClick(editeur.texte, Qt::Key_Home);
+    QTest::keyClick(editeur.texte, Qt::Key_Delete);
+    QCOMPARE(TexteDe(editeur), "cdef");
     QCoreApplication::processEvents();
     QVERIFY(!editeur.actEditRefaire->isEnabled());
     QVERIFY(editeur.actEditAnnuler->isEnabled());

@@ -143,11 +143,11 @@ void TestFichiersImmenses::sansMarqueLongtemps_data()
     QTest::addColumn<QByteArray>("octets");
     QTest::addColumn<bool>("longtemps");
     QTest::newRow("rien") << QByteArray() << false;
-    QTest::newRow("moins de 8 Mio") << QByteArray(8 * mega - 1, 'a') << false;
-    QTest::newRow("16 Mio sans marque") << '<' + QByteArray(16 * mega, 'a') + '<' << true;
-    QTest::newRow("une marque tous les 8 Mio") << (QByteArray(8 * mega - 1, 'a') + '<').repeated(4) << false;
-    QTest::newRow("16 Mio sans marque au milieu")
-        << QByteArray(8 * mega, '<') + QByteArray(16 * mega, 'a') + QByteArray(8 * mega, '<') << true;
+    QTest::newRow("moins de 32 Mio") << QByteArray(32 * mega - 1, 'a') << false;
+    QTest::newRow("64 Mio sans marque") << '<' + QByteArray(64 * mega, 'a') + '<' << true;
+    QTest::newRow("une marque tous les 32 Mio") << (QByteArray(32 * mega - 1, 'a') + '<').repeated(2) << false;
+    QTest::newRow("64 Mio sans marque au milieu")
+        << QByteArray(32 * mega, '<') + QByteArray(64 * mega, 'a') + QByteArray(8 * mega, '<') << true;
 }
 
 void TestFichiersImmenses::sansMarqueLongtemps()

@@ -20,7 +20,6 @@ private Q_SLOTS:
 namespace {
 
 constexpr int evenementsParDefaut = 3000;
-constexpr int evenementsALaLongue = 20000;
 
 /// What a journey of this length must have done, each thing at least once.
 const QStringList gestesAttendus{
@@ -66,7 +65,6 @@ const QStringList faitsAttendus{"ajoutée",
                                 "exporté",
                                 "assemblé",
                                 "fichier abîmé refusé",
-                                "fichier étrange ouvert",
                                 "improvisé",
                                 "revenu au modèle",
                                 "aide affichée",
@@ -83,13 +81,13 @@ const QStringList faitsAttendus{"ajoutée",
                                 "quitté",
                                 "fermé"};
 
-/// What is too rare for it: asked of journeys of 20,000 events.
+/// What is too rare for it: asked of all journeys of outils/hasard together.
 const QStringList faitsALaLongue{
     // Persons, the window, its files.
     "gardée", "double clic sans fiche", "formats abandonnés", "polices abandonnées", "préférences abandonnées",
     "barre d'outils", "barre de statut", "à propos", "à propos de Qt", "qu'est-ce que c'est", "fichier absent",
-    "ancien fichier ouvert", "ancien format", "ancien format converti", "arbre commencé", "page abandonnée",
-    "racine abandonnée", "imprimé en pdf", "quitter Oui", "quitter Non", "quitter Annuler", "resté",
+    "fichier étrange ouvert", "ancien fichier ouvert", "ancien format", "ancien format converti", "arbre commencé",
+    "page abandonnée", "racine abandonnée", "imprimé en pdf", "quitter Oui", "quitter Non", "quitter Annuler", "resté",
     "le programme attend une fiche", "lancé sur ce qui n'est pas un fichier", "lancé sur un fichier abîmé",
     // Exchanges.
     "importé sans choisir", "importation abandonnée", "racine introuvable", "GEDCOM sans personne", "réimporté",
@@ -193,11 +191,10 @@ void TestAuHasard::toutResteJusteApresChaqueEvenement()
     QCOMPARE(utilisateur.Quitte(), QString());
     qInfo("Événements : %d\nGestes : %s\nFaits : %s", evenements, qPrintable(EnTexte(partie.Gestes())),
           qPrintable(EnTexte(partie.Faits())));
+    qInfo("Jamais : %s", qPrintable(Jamais(faitsALaLongue, partie.Faits()).join(QStringLiteral(" ; "))));
     // A journey that stays away from a command says nothing about it.
     if (evenements >= evenementsParDefaut)
         QCOMPARE(Jamais(gestesAttendus, partie.Gestes()) + Jamais(faitsAttendus, partie.Faits()), QStringList());
-    if (evenements >= evenementsALaLongue)
-        QCOMPARE(Jamais(faitsALaLongue, partie.Faits()), QStringList());
 }
 
 RAMELIER_TEST_BUREAU_MAIN(TestAuHasard)
