@@ -236,7 +236,7 @@ void MetSurPages(Arbre &arbre, const Presentation &p, const Canevas &canevas)
     pdf.setResolution(72);
     const QSize page(pdf.width(), pdf.height());
     auto grille = GrilleDePages::Pour(canevas.largeurCanevas, canevas.hauteurCanevas, page);
-    grille.colonnes = qMin(grille.colonnes, 2L);
+    grille.colonnes = qMin(grille.colonnes, 1L);
     grille.lignes = qMin(grille.lignes, 2L);
     QPainter peintre(&pdf);
     Exige(DessineSurPages(pdf, peintre, grille, page,
