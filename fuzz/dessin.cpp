@@ -45,7 +45,7 @@ struct Presentation
         for (QFont *police :
              {&polices.policeTextes, &polices.policeNumeros, &polices.policeTitre, &polices.policeLegende})
             *police = Police(entree);
-        polices.couleurCaracteres = Qt::blue;
+        polices.couleurCaracteres = Qt::darkGreen;
         arbreOuvert = entree.Oui();
         origine = QPoint(-10 * entree.Octet(), -10 * entree.Octet());
         const QPoint coin(entree.Octet(), entree.Octet());
@@ -143,17 +143,17 @@ const QImage &Peint(int rang, Arbre &arbre, const Presentation &p, const Canevas
 }
 
 /// True when \a partie is \a tout within \a zone, and white outside. The toolkit rounds edges and ends of lines otherwise
-/// where it clips: so many pixels of a line may differ.
+/// where it clips: so many pixels of a line, the selection mark's included, may differ.
 bool EstDecoupe(const QImage &partie, const QImage &tout, QRect zone, int pixelsDeTraits)
 {
     constexpr QRgb blanc = 0xffffffff;
-    constexpr QRgb trait = 0xff000000;
+    const auto estUnTrait = [](QRgb couleur) { return couleur == 0xff000000 || couleur == 0xff0000ff; };
     for (int y = 0; y < feuille.height(); ++y) {
         const auto *dePartie = reinterpret_cast<const QRgb *>(partie.constScanLine(y));
         const auto *deTout = reinterpret_cast<const QRgb *>(tout.constScanLine(y));
         for (int x = 0; x < feuille.width(); ++x) {
             const QRgb attendu = zone.contains(x, y) ? deTout[x] : blanc;
-            if (dePartie[x] != attendu && ((dePartie[x] != trait && attendu != trait) || --pixelsDeTraits < 0))
+            if (dePartie[x] != attendu && ((!estUnTrait(dePartie[x]) && !estUnTrait(attendu)) || --pixelsDeTraits < 0))
                 return false;
         }
     }
@@ -236,7 +236,7 @@ void MetSurPages(Arbre &arbre, const Presentation &p, const Canevas &canevas)
     pdf.setResolution(72);
     const QSize page(pdf.width(), pdf.height());
     auto grille = GrilleDePages::Pour(canevas.largeurCanevas, canevas.hauteurCanevas, page);
-    grille.colonnes = qMin(grille.colonnes, 2L);
+    grille.colonnes = qMin(grille.colonnes, 1L);
     grille.lignes = qMin(grille.lignes, 2L);
     QPainter peintre(&pdf);
     Exige(DessineSurPages(pdf, peintre, grille, page,

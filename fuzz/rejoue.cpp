@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <sys/resource.h>
+#include <sys/time.h>
 #include <unistd.h>
 
 /// Gives a target every file of the folders named on the command line, within bounds of time, memory and stack. A crash or
@@ -14,7 +15,7 @@
 
 namespace {
 
-constexpr unsigned secondesParFichier = 60;  // ten in the fuzzer: slow machines, no optimisation
+constexpr time_t secondesParFichier = 60;  // of the processor: a busy machine does not count
 constexpr rlim_t octetsDePile = 8 << 20;
 constexpr long kiloOctetsDeMemoire = 2 << 20;
 
@@ -31,7 +32,13 @@ void Borne()
     getrlimit(RLIMIT_STACK, &pile);
     pile.rlim_cur = qMin(pile.rlim_max, octetsDePile);
     setrlimit(RLIMIT_STACK, &pile);
-    std::signal(SIGALRM, TropLong);
+    std::signal(SIGPROF, TropLong);
+}
+
+void CompteJusqua(time_t secondes)
+{
+    const itimerval fin{.it_interval = {}, .it_value = {.tv_sec = secondes, .tv_usec = 0}};
+    setitimer(ITIMER_PROF, &fin, nullptr);
 }
 
 bool TropDeMemoire()
@@ -48,9 +55,9 @@ void Donne(const QString &nom)
     QFile fichier(nom);
     Exige(fichier.open(QIODevice::ReadOnly), "le fichier se lit");
     const QByteArray octets = fichier.readAll();
-    alarm(secondesParFichier);
+    CompteJusqua(secondesParFichier);
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(octets.constData()), std::size_t(octets.size()));
-    alarm(0);
+    CompteJusqua(0);
 }
 
 }  // namespace
