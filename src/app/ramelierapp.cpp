@@ -85,11 +85,16 @@ void RamelierApp::AnnonceLesCopiesDeSecours()
     copies.removeAll(QFileInfo(doc->nomFichier).absoluteFilePath());
     for (const QString &copie : copies)
         std::fprintf(stderr, "Une copie de secours a été retrouvée : %s\n", QFile::encodeName(copie).constData());
+    if (copies.isEmpty())
+        return;
     if (copies.size() == 1)
         Status(QStringLiteral("Une copie de secours a été retrouvée : ") + copies.constFirst());
-    else if (copies.size() > 1)
+    else
         Status(QString::number(copies.size())
                + QStringLiteral(" copies de secours ont été retrouvées, la plus récente : ") + copies.constFirst());
+    // A small window cuts the path: under the mouse it is whole, for as long as the message stands.
+    statusBar()->setToolTip(statusBar()->currentMessage());
+    connect(statusBar(), &QStatusBar::messageChanged, this, [this] { statusBar()->setToolTip(QString()); });
 }
 
 void RamelierApp::initStatusBar()

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStatusBar>
 
 #include <unistd.h>
 
@@ -276,6 +277,11 @@ void TestSecours::uneCopieRetrouveeSeDit()
     QCOMPARE(StatutDe(Fenetre()), annonce);
     QCOMPARE(StatutDe(Fenetre({chemin})), annonce);
     QCOMPARE(StatutDe(Fenetre({Etats("martin-77.xrlg")})), "Prêt");
+    // Whole in a small window too, until another message comes.
+    const Fenetre petite;
+    QCOMPARE(petite.statusBar()->toolTip(), annonce);
+    petite.statusBar()->showMessage("autre");
+    QCOMPARE(petite.statusBar()->toolTip(), QString());
     QVERIFY(Copies().contains("martin-77.xrlg"));
 }
 
