@@ -9,6 +9,8 @@
 #include <QXmlInputSource>
 #include <QXmlSimpleReader>
 
+#include <unistd.h>
+
 namespace {
 
 /// A tree file in a folder of its own.
@@ -64,7 +66,7 @@ void Ecrit(benchmark::State &etat, int personnes)
         writeFicXRLG(fichier.nom, fichier.arbre.get());
 }
 
-/// The same bytes, held in memory.
+/// The same bytes, held in memory, as far as the disk too.
 void EcritLesOctets(benchmark::State &etat, int personnes)
 {
     const Fichier fichier(personnes);
@@ -74,7 +76,8 @@ void EcritLesOctets(benchmark::State &etat, int personnes)
     const QByteArray octets = lu.readAll();
     for (auto _ : etat) {
         QFile ecrit(fichier.dossier.filePath(QStringLiteral("b.xrlg")));
-        if (!ecrit.open(QIODevice::WriteOnly) || ecrit.write(octets) != octets.size())
+        if (!ecrit.open(QIODevice::WriteOnly) || ecrit.write(octets) != octets.size() || !ecrit.flush()
+            || ::fsync(ecrit.handle()) != 0)
             etat.SkipWithError("ecriture");
     }
 }

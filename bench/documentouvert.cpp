@@ -20,13 +20,27 @@ DocumentOuvert::DocumentOuvert(Forme forme, int personnes)
     Q_EMIT doc.documentChanged(1);
 }
 
-DocumentOuvert &DocumentDe(Forme forme, int personnes)
+namespace {
+
+std::map<std::pair<Forme, int>, std::unique_ptr<DocumentOuvert>> &Ouverts()
 {
     static std::map<std::pair<Forme, int>, std::unique_ptr<DocumentOuvert>> ouverts;
-    auto &ouvert = ouverts[{forme, personnes}];
+    return ouverts;
+}
+
+}  // namespace
+
+DocumentOuvert &DocumentDe(Forme forme, int personnes)
+{
+    auto &ouvert = Ouverts()[{forme, personnes}];
     if (!ouvert)
         ouvert = std::make_unique<DocumentOuvert>(forme, personnes);
     return *ouvert;
+}
+
+void FermeLesDocuments()
+{
+    Ouverts().clear();
 }
 
 Personne *PersonneDuMilieu(const RamelierDoc &doc)

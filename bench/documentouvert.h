@@ -19,6 +19,8 @@ struct DocumentOuvert
 
 /// The open tree of this form and size; made once, its users leave it as they found it.
 DocumentOuvert &DocumentDe(Forme forme, int personnes);
+/// Their windows must not outlive the application.
+void FermeLesDocuments();
 
 /// The person in the middle of the list.
 Personne *PersonneDuMilieu(const RamelierDoc &doc);

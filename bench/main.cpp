@@ -1,3 +1,4 @@
+#include "documentouvert.h"
 #include "mesure.h"
 #include "taillemax.h"
 
@@ -23,5 +24,6 @@ int main(int argc, char **argv)
     EnregistreGedcom(plusGrand);
     EnregistreAssemblage(plusGrand);
     MesureTout();
+    FermeLesDocuments();
     return EXIT_SUCCESS;
 }

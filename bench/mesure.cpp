@@ -4,6 +4,8 @@
 
 #include <map>
 #include <ostream>
+#include <regex>
+#include <vector>
 
 namespace {
 
@@ -31,6 +33,13 @@ std::map<std::string, Enregistree> &Enregistrees()
 {
     static std::map<std::string, Enregistree> enregistrees;
     return enregistrees;
+}
+
+/// The names of the measures as they were registered.
+std::vector<std::string> &Noms()
+{
+    static std::vector<std::string> noms;
+    return noms;
 }
 
 /// What the runs of one benchmark came to.
@@ -108,6 +117,7 @@ benchmark::internal::Benchmark *Enregistre(const std::string &nom,
 void EnregistreTravail(const Mesure &mesure, bool aUnPlancher, const std::function<void(benchmark::State &)> &travail)
 {
     Enregistrees().insert({Nom(mesure), {mesure, aUnPlancher}});
+    Noms().push_back(Nom(mesure));
     auto *enregistre = Enregistre(Nom(mesure) + travailDe, travail);
     if (mesure.fois > 0)
         enregistre->Iterations(mesure.fois);
@@ -130,5 +140,9 @@ void EnregistreDuree(const Mesure &mesure, const std::function<void(benchmark::S
 void MesureTout()
 {
     Lignes lignes;
-    benchmark::RunSpecifiedBenchmarks(&lignes);
+    const std::regex filtre(benchmark::GetBenchmarkFilter());
+    for (const std::string &nom : Noms()) {
+        if (std::regex_search(nom, filtre))
+            benchmark::RunSpecifiedBenchmarks(&lignes, nom + "/(travail|plancher)");
+    }
 }

@@ -22,8 +22,8 @@ void EnregistreMesure(const Mesure &mesure, const std::function<void(benchmark::
 /// Measures a \a travail that the user waits for: what counts is how long it takes, not beside what.
 void EnregistreDuree(const Mesure &mesure, const std::function<void(benchmark::State &)> &travail);
 
-/// Runs all that was registered and prints the lines of the table, see ligne.h. Of several runs the fastest counts, in
-/// processor time unless it says otherwise: what else the machine does is not measured.
+/// Runs all that was registered, one measure after the other, and prints the lines of the table, see ligne.h. Of several runs
+/// the fastest counts, in processor time unless it says otherwise: what else the machine does is not measured.
 void MesureTout();
 
 /// Register the measures of their topic, on trees of up to \a plusGrand persons.
