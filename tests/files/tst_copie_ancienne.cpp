@@ -67,16 +67,21 @@ int DansUnAutreProcessus(const std::function<int()> &travail)
     return WIFEXITED(etat) ? WEXITSTATUS(etat) : -WTERMSIG(etat);
 }
 
-/// From now on the system refuses this process a second name for a file, as file systems without hard links do.
-bool RefuseLesSecondsNoms()
+/// From now on the system refuses this process a second name for a file, as file systems without hard links do, and any
+/// reading of \a illisibles bytes at once, as a failing disk does.
+bool RefuseLesSecondsNoms(uint illisibles)
 {
     sock_filter regles[] = {
         BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
         BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_link, 0, 1),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_read, 0, 3),
+        BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
+        BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, illisibles, 0, 1),
+        BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EIO),
         BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
     };
-    const sock_fprog programme = {4, regles};
+    const sock_fprog programme = {8, regles};
     return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programme) == 0;
 }
 
@@ -185,21 +190,25 @@ void TestCopieAncienne::laCopieEstACoteDuVraiFichier()
 
 void TestCopieAncienne::sansSecondNomLeContenuEstCopie_data()
 {
+    constexpr uint unBloc = 65536;  // how much of the file is read at once
     QTest::addColumn<int>("place");
+    QTest::addColumn<uint>("illisibles");
     QTest::addColumn<QByteArray>("copie");
-    QTest::newRow("de la place") << 1'000'000 << Generation(1);
-    QTest::newRow("le disque se remplit pendant la copie") << 100'000 << QByteArray("zéro");
+    QTest::newRow("de la place") << 1'000'000 << 1U << Generation(1);
+    QTest::newRow("le disque se remplit pendant la copie") << 100'000 << 1U << QByteArray("zéro");
+    QTest::newRow("le disque ne se lit plus") << 1'000'000 << unBloc << QByteArray("zéro");
 }
 
 void TestCopieAncienne::sansSecondNomLeContenuEstCopie()
 {
     QFETCH(int, place);
+    QFETCH(uint, illisibles);
     QFETCH(QByteArray, copie);
     Pose(QStringLiteral("a"), Generation(1));
     Pose(QStringLiteral("a~"), "zéro");
     QCOMPARE(chmod(Octets(QStringLiteral("a")).constData(), 0640), 0);
-    const int fin = DansUnAutreProcessus([this, place] {
-        if (!RefuseLesSecondsNoms())
+    const int fin = DansUnAutreProcessus([this, place, illisibles] {
+        if (!RefuseLesSecondsNoms(illisibles))
             return 2;
         const DisquePlein disque(static_cast<rlim_t>(place));
         return Sauve(QStringLiteral("a"), "deux") ? 0 : 1;
