@@ -191,10 +191,12 @@ void TestAuHasard::toutResteJusteApresChaqueEvenement()
     QCOMPARE(utilisateur.Quitte(), QString());
     qInfo("Événements : %d\nGestes : %s\nFaits : %s", evenements, qPrintable(EnTexte(partie.Gestes())),
           qPrintable(EnTexte(partie.Faits())));
-    qInfo("Jamais : %s", qPrintable(Jamais(faitsALaLongue, partie.Faits()).join(QStringLiteral(" ; "))));
-    // A journey that stays away from a command says nothing about it.
-    if (evenements >= evenementsParDefaut)
-        QCOMPARE(Jamais(gestesAttendus, partie.Gestes()) + Jamais(faitsAttendus, partie.Faits()), QStringList());
+    const QStringList manquants = Jamais(gestesAttendus, partie.Gestes()) + Jamais(faitsAttendus, partie.Faits());
+    qInfo("Jamais : %s", qPrintable((manquants + Jamais(faitsALaLongue, partie.Faits())).join(QStringLiteral(" ; "))));
+    // A journey that stays away from a command says nothing about it. Of several long ones, what all of them stay away
+    // from counts: who plays them looks at that.
+    if (!qEnvironmentVariableIsSet("RAMELIER_HASARD_EVENEMENTS"))
+        QCOMPARE(manquants, QStringList());
 }
 
 RAMELIER_TEST_BUREAU_MAIN(TestAuHasard)
