@@ -1,6 +1,7 @@
 #include "arbre.h"
 #include "arbres.h"
 #include "fenetre.h"
+#include "pdflu.h"
 #include "personne.h"
 #include "ramelierdoc.h"
 
@@ -13,9 +14,10 @@
 #include <QPushButton>
 #include <QSignalSpy>
 
-#include <poppler-qt6.h>
-
 #include <functional>
+
+using PdfLu::Mots;
+using PdfLu::Place;
 
 /// What a print puts on which page, and what it leaves as it was. At 96 dots per inch an A4 page shows 767 x 1097 dots,
 /// and pages stand 762 x 1092 dots apart; a box of 30 mm is 113 dots wide and the next one starts 151 dots further.
@@ -53,9 +55,6 @@ private:
     static void Abandonne(Scenario &scenario, const std::function<void(QPrintDialog &)> &avant);
     /// Prints \a fenetre's tree into a PDF file and reads it.
     [[nodiscard]] static Pdf EnPdf(Fenetre &fenetre, const QString &fichier);
-    [[nodiscard]] static QStringList Mots(const Poppler::Document &pdf, int page);
-    /// The place of a word on its page, in points; a null rectangle when it is not there.
-    [[nodiscard]] static QRectF Place(const Poppler::Document &pdf, int page, const QString &mot);
     [[nodiscard]] QString Ecrit(const QString &titre, const QList<quint64> &numeros) const;
 
     std::unique_ptr<Dossier> dossier;
@@ -90,23 +89,6 @@ TestImprimerPages::Pdf TestImprimerPages::EnPdf(Fenetre &fenetre, const QString 
     });
     fenetre.actFilePrint->trigger();
     return scenario.Ecarts().isEmpty() ? Poppler::Document::load(fichier) : nullptr;
-}
-
-QStringList TestImprimerPages::Mots(const Poppler::Document &pdf, int page)
-{
-    QStringList mots;
-    for (const auto &boite : pdf.page(page)->textList())
-        mots += boite->text();
-    return mots;
-}
-
-QRectF TestImprimerPages::Place(const Poppler::Document &pdf, int page, const QString &mot)
-{
-    for (const auto &boite : pdf.page(page)->textList()) {
-        if (boite->text() == mot)
-            return boite->boundingBox();
-    }
-    return {};
 }
 
 QString TestImprimerPages::Ecrit(const QString &titre, const QList<quint64> &numeros) const
