@@ -167,3 +167,15 @@ bool Dessiner(const QString &fichierArbre, const QString &sortie)
                                            : DessineSvg(dessin, ecriture.Appareil());
     return (dessine && ecriture.Termine()) || echoue();
 }
+
+Sortie ExecuteDessiner(const QStringList &mots)
+{
+    Analyseur analyseur(commandeDessiner);
+    if (const auto fin = analyseur.Lit(mots))
+        return *fin;
+    const QStringList fichiers = analyseur.Fichiers();
+    if (!FormatDeDessinConnu(fichiers.at(1)))
+        return analyseur.Refuse(QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ")
+                                + fichiers.at(1));
+    return Dessiner(fichiers.at(0), fichiers.at(1)) ? Sortie::Fait : Sortie::NonFait;
+}

@@ -1,32 +1,28 @@
 #include "interlocuteurconsole.h"
 
-#include <cstdio>
+#include "message.h"
 
-namespace {
-
-void EcritUneLigne(QString texte)
+void InterlocuteurConsole::Installe(const Reponses &reponses)
 {
-    std::fprintf(stderr, "ramelier-cli : %s\n", qUtf8Printable(texte.replace(u'\n', u' ')));
+    Interlocuteur::Installe(std::make_unique<InterlocuteurConsole>(reponses));
 }
-
-}  // namespace
 
 void InterlocuteurConsole::Information(const QString & /*titre*/, const QString &texte)
 {
-    EcritUneLigne(texte);
+    EcritLErreur(texte);
 }
 
 void InterlocuteurConsole::Avertissement(const QString & /*titre*/, const QString &texte)
 {
-    EcritUneLigne(texte);
+    EcritLErreur(texte);
 }
 
 std::optional<QString> InterlocuteurConsole::ChoisitRacine(QWidget * /*parent*/, const Lignes & /*individus*/)
 {
-    return {};
+    return reponses.racine;
 }
 
 bool InterlocuteurConsole::RacineMasculine(QWidget * /*parent*/)
 {
-    return true;
+    return reponses.sexe == Sexe::Masculin;
 }

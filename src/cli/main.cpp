@@ -1,20 +1,15 @@
-#include "dessiner.h"
+#include "commandes.h"
 #include "interlocuteurconsole.h"
 
-#include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QImageReader>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
-#include <cstdio>
-
 #include <malloc.h>
 
 namespace {
-
-enum Sortie : int { Fait = 0, NonFait = 1, MalUtilise = 2 };
 
 /// Keeps the memory that one page of a PDF frees for the next one (Qt takes 32 MiB for each), instead of giving it back to the
 /// system and asking for it again thousands of times. Not for a program that stays open.
@@ -25,26 +20,6 @@ void GardeLaMemoireLiberee()
     mallopt(M_TRIM_THRESHOLD, 64 * mebioctet);
 }
 
-int RefuseLUsage(const QString &cause)
-{
-    std::fprintf(stderr, "ramelier-cli : %s\nEssayez « ramelier-cli --help ».\n", qUtf8Printable(cause));
-    return MalUtilise;
-}
-
-int ExecuteCommande(const QStringList &arguments)
-{
-    if (arguments.isEmpty())
-        return RefuseLUsage(QStringLiteral("aucune commande"));
-    if (arguments.first() != u"dessiner")
-        return RefuseLUsage(QStringLiteral("commande inconnue : ") + arguments.first());
-    if (arguments.size() != 3)
-        return RefuseLUsage(QStringLiteral("dessiner demande deux fichiers : ARBRE SORTIE"));
-    if (!FormatDeDessinConnu(arguments.at(2)))
-        return RefuseLUsage(QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ")
-                            + arguments.at(2));
-    return Dessiner(arguments.at(1), arguments.at(2)) ? Fait : NonFait;
-}
-
 }  // namespace
 
 int main(int argc, char **argv)
@@ -53,6 +28,9 @@ int main(int argc, char **argv)
     // No window opens here: no display is needed.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What Qt finds odd about the machine (no XDG_RUNTIME_DIR, say) is no mistake in what was asked.
+    if (qEnvironmentVariableIsEmpty("QT_LOGGING_RULES"))
+        qputenv("QT_LOGGING_RULES", "default.warning=false");
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("ramelier-cli"));
     QGuiApplication::setApplicationVersion(QStringLiteral("5.1"));
@@ -62,23 +40,6 @@ int main(int argc, char **argv)
                         QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&traducteur);
     QImageReader::setAllocationLimit(1024);
-    Interlocuteur::Installe(std::make_unique<InterlocuteurConsole>());
-
-    QCommandLineParser analyseur;
-    analyseur.setApplicationDescription(
-        QStringLiteral("Dessine un arbre généalogique sans ouvrir de fenêtre.\n\n"
-                       "Commandes :\n"
-                       "  dessiner ARBRE SORTIE   dessine l'arbre ; SORTIE se termine par .pdf, .png ou .svg"));
-    const QCommandLineOption aide = analyseur.addHelpOption();
-    const QCommandLineOption version = analyseur.addVersionOption();
-    analyseur.addPositionalArgument(QStringLiteral("commande"), QStringLiteral("la commande à exécuter"));
-    analyseur.addPositionalArgument(QStringLiteral("fichiers"), QStringLiteral("les fichiers de la commande"),
-                                    QStringLiteral("[fichiers...]"));
-    if (!analyseur.parse(QCoreApplication::arguments()))
-        return RefuseLUsage(analyseur.errorText());
-    if (analyseur.isSet(aide))
-        analyseur.showHelp(Fait);
-    if (analyseur.isSet(version))
-        analyseur.showVersion();
-    return ExecuteCommande(analyseur.positionalArguments());
+    InterlocuteurConsole::Installe({});
+    return static_cast<int>(ExecuteLaLigne(QCoreApplication::arguments().mid(1)));
 }

@@ -158,11 +158,16 @@ bool Ecrit(EcritureFichier &ecriture, const QByteArray &octets)
 
 }  // namespace
 
+bool EcritGEDCOM(QWidget *parent, const QString &nomFichierGED, const Arbre &arbre, const QString &nomFichierArbre)
+{
+    EcritureFichier ecriture(nomFichierGED);
+    return ecriture.Ouvre() && Ecrit(ecriture, ArbreEnGED(parent, nomFichierGED, arbre, nomFichierArbre).Octets());
+}
+
 void ExporterVersFichierGEDCOM(QWidget *parent, const QString &nomFichierGED, Arbre *arbre, QString &nomFichierArbre)
 {
     const QString titre = QStringLiteral("Exportation vers GEDCOM");
-    EcritureFichier ecriture(nomFichierGED);
-    if (!ecriture.Ouvre() || !Ecrit(ecriture, ArbreEnGED(parent, nomFichierGED, *arbre, nomFichierArbre).Octets())) {
+    if (!EcritGEDCOM(parent, nomFichierGED, *arbre, nomFichierArbre)) {
         Interlocuteur::Courant().Information(titre, QStringLiteral("Echec à l'exportation du fichier"));
         return;
     }

@@ -9,3 +9,6 @@ class QWidget;
 /// root (\a parent owns the dialog). \a nomFichierArbre is named in a note. Tells the user how it ended; a file that cannot
 /// be written leaves the old one of that name as it was.
 void ExporterVersFichierGEDCOM(QWidget *parent, const QString &nomFichierGED, Arbre *arbre, QString &nomFichierArbre);
+/// The same for a caller that tells its user itself: false when the file could not be written.
+[[nodiscard]] bool EcritGEDCOM(QWidget *parent, const QString &nomFichierGED, const Arbre &arbre,
+                               const QString &nomFichierArbre);

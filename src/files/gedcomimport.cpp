@@ -7,6 +7,7 @@
 #include "interlocuteur.h"
 #include "personne.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
 #include <limits>
@@ -215,6 +216,11 @@ QString Importe(QWidget *parent, const QString &nomFichier, Arbre &arbre)
 }
 
 }  // namespace
+
+QString TitreDImport(const QString &nomFichier)
+{
+    return QStringLiteral("Généalogie importée de ") + QFileInfo(nomFichier).fileName();
+}
 
 void ImporterDeFichierGEDCOM(QWidget *parent, const QString &nomFichier, Arbre *arbre)
 {

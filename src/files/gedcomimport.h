@@ -19,7 +19,10 @@ class QWidget;
 /// The lists of gedcomlecture.h are empty afterwards.
 void ImporterDeFichierGEDCOM(QWidget *parent, const QString &nomFichier, Arbre *arbre);
 
-/// The same on the lists that DecodeFichierGED fills, walk after walk; the import gives what they would, from an index.
+/// The title of a tree out of \a nomFichier: "Généalogie importée de " and its name without its folder.
+[[nodiscard]] QString TitreDImport(const QString &nomFichier);
+
+/// The import on the lists that DecodeFichierGED fills, walk after walk; the import gives what they would, from an index.
 
 /// What ChercheRacine and ChercheLesParents found, good as long as the lists; none after an import.
 extern IndividuGED *RacinePos;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 class Arbre;
 class Personne;
@@ -17,6 +18,9 @@ class Personne;
 [[nodiscard]] bool GenerationsDecalees(const Arbre &arbre);
 /// Makes \a copie the father or the mother of \a enfant, as its number says; nothing without a child.
 void RelieASonEnfant(Personne *enfant, Personne *copie);
+
+/// The title of a child's tree.
+inline constexpr QStringView titreDAssemblage = u"Généalogie de l'enfant";
 
 /// Fills the empty \a arbre: a root "Enfant", number 1, then every person of both trees at its place. Linear.
 void AssembleArbres(Arbre &arbre, const Arbre &arbrePere, const Arbre &arbreMere, const QString &repertoire);

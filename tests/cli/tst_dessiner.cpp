@@ -1,13 +1,13 @@
 #include "arbre.h"
 #include "arbres.h"
 #include "environnement.h"
+#include "executecli.h"
 #include "ficxrlg.h"
 
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
-#include <QProcess>
 #include <QSvgRenderer>
 
 #include <poppler-qt6.h>
@@ -32,13 +32,6 @@ private Q_SLOTS:
     void dessineLExemple();
 
 private:
-    struct Resultat
-    {
-        int code = -1;
-        QString sortie;
-        QString erreur;
-    };
-    static Resultat Execute(const QStringList &arguments);
     [[nodiscard]] QString Chemin(const QString &nom) const { return dossier->filePath(nom); }
     [[nodiscard]] QString EcritArbre(int generations) const;
 
@@ -54,15 +47,6 @@ void TestDessiner::init()
 void TestDessiner::cleanup()
 {
     dossier.reset();
-}
-
-TestDessiner::Resultat TestDessiner::Execute(const QStringList &arguments)
-{
-    QProcess programme;
-    programme.start(QStringLiteral(RAMELIER_CLI), arguments);
-    programme.waitForFinished(60000);
-    return {programme.exitStatus() == QProcess::NormalExit ? programme.exitCode() : -1,
-            QString::fromUtf8(programme.readAllStandardOutput()), QString::fromUtf8(programme.readAllStandardError())};
 }
 
 QString TestDessiner::EcritArbre(int generations) const
@@ -143,13 +127,16 @@ void TestDessiner::mauvaisUsage_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("erreur");
     const QString essayez = QStringLiteral("Essayez « ramelier-cli --help ».\n");
+    const QString essayezDessiner = QStringLiteral("Essayez « ramelier-cli dessiner --help ».\n");
     QTest::newRow("rien") << QStringList() << "ramelier-cli : aucune commande\n" + essayez;
     QTest::newRow("commande") << QStringList{"peindre"} << "ramelier-cli : commande inconnue : peindre\n" + essayez;
     QTest::newRow("sans sortie") << QStringList{"dessiner", "a.xrlg"}
-                                 << "ramelier-cli : dessiner demande deux fichiers : ARBRE SORTIE\n" + essayez;
+                                 << "ramelier-cli : dessiner demande : ARBRE SORTIE\n" + essayezDessiner;
     QTest::newRow("format") << QStringList{"dessiner", "a.xrlg", "a.bmp"}
                             << "ramelier-cli : le fichier à dessiner doit se terminer par .pdf, .png ou .svg : a.bmp\n"
-            + essayez;
+            + essayezDessiner;
+    QTest::newRow("option") << QStringList{"dessiner", "--vite", "a", "b"}
+                            << "ramelier-cli : Option inconnue \"vite\".\n" + essayezDessiner;
 }
 
 void TestDessiner::mauvaisUsage()

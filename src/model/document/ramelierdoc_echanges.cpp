@@ -7,8 +7,6 @@
 #include "gedcomimport.h"
 #include "personne.h"
 
-#include <QFileInfo>
-
 #include <utility>
 
 void RamelierDoc::CommenceUnArbreSansFichier(const QString &titre)
@@ -43,7 +41,7 @@ int RamelierDoc::ImporteDeGED(QWidget *parent, const QString &fileName)
 {
     const CurseurAttente attente;
     initPolicesEtTraits(QString());
-    CommenceUnArbreSansFichier(QStringLiteral("Généalogie importée de ") + QFileInfo(fileName).fileName());
+    CommenceUnArbreSansFichier(TitreDImport(fileName));
     importGED = true;
     ImporterDeFichierGEDCOM(parent, fileName, arbre);
     if (!arbre->premiere) {
@@ -82,7 +80,7 @@ bool RamelierDoc::AssembleDeuxArbres(QWidget * /*parent*/, QString &repertoire)
     initPolicesEtTraits(QString());
     creationEnCours = false;
     SupprimeArbre();
-    CommenceUnArbreSansFichier(QStringLiteral("Généalogie de l'enfant"));
+    CommenceUnArbreSansFichier(titreDAssemblage.toString());
     importGED = false;
     AssembleArbres(*arbre, *arbrePere, *arbreMere, repertoire);
     LibereLesArbresDesParents();
