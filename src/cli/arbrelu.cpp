@@ -22,11 +22,6 @@ bool FinitPar(const QString &nom, QLatin1StringView suffixe)
     return nom.endsWith(suffixe, Qt::CaseInsensitive);
 }
 
-bool EstGEDCOM(const QString &nom)
-{
-    return FinitPar(nom, QLatin1StringView(".ged"));
-}
-
 bool EstUnArbre(const QString &nom)
 {
     return FinitPar(nom, QLatin1StringView(".xrlg")) || FinitPar(nom, QLatin1StringView(".rlg"));
@@ -85,6 +80,11 @@ bool EcritXRLG(const Arbre &arbre, const QString &sortie)
 }
 
 }  // namespace
+
+bool EstGEDCOM(const QString &nom)
+{
+    return FinitPar(nom, QLatin1StringView(".ged"));
+}
 
 std::unique_ptr<Arbre> LitUnArbre(const QString &nom)
 {

@@ -8,6 +8,9 @@ class Arbre;
 
 /// What the commands read and write: trees in files of any kind that the program knows.
 
+/// True when \a nom ends in ".ged", in capitals or not.
+[[nodiscard]] bool EstGEDCOM(const QString &nom);
+
 /// The tree in the file \a nom: ".xrlg", ".rlg" (the older one) or ".ged", whose root Interlocuteur is asked for. None when
 /// it cannot be had; the error stream has told why.
 [[nodiscard]] std::unique_ptr<Arbre> LitUnArbre(const QString &nom);

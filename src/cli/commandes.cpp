@@ -2,6 +2,7 @@
 
 #include "analyseur.h"
 #include "assembler.h"
+#include "comparer.h"
 #include "convertir.h"
 #include "dessiner.h"
 #include "message.h"
@@ -24,6 +25,7 @@ constexpr std::array entrees{
     Entree{&commandeDessiner, ExecuteDessiner},
     Entree{&commandeConvertir, ExecuteConvertir},
     Entree{&commandeAssembler, ExecuteAssembler},
+    Entree{&commandeComparer, ExecuteComparer},
 };
 
 QString Aide()
