@@ -5,6 +5,7 @@
 #include "comparer.h"
 #include "convertir.h"
 #include "dessiner.h"
+#include "lister.h"
 #include "message.h"
 
 #include <QCoreApplication>
@@ -22,10 +23,9 @@ struct Entree
 };
 
 constexpr std::array entrees{
-    Entree{&commandeDessiner, ExecuteDessiner},
-    Entree{&commandeConvertir, ExecuteConvertir},
-    Entree{&commandeAssembler, ExecuteAssembler},
-    Entree{&commandeComparer, ExecuteComparer},
+    Entree{&commandeDessiner, ExecuteDessiner},   Entree{&commandeConvertir, ExecuteConvertir},
+    Entree{&commandeAssembler, ExecuteAssembler}, Entree{&commandeComparer, ExecuteComparer},
+    Entree{&commandeLister, ExecuteLister},
 };
 
 QString Aide()
