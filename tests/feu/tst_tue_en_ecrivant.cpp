@@ -44,9 +44,10 @@ bool TestTueEnEcrivant::TueUnEcrivain(Sauvegarde &sauvegarde, quint32 apresMicro
     const pid_t ecrivain = fork();
     if (ecrivain < 0)
         return false;
-    for (int version = 1; ecrivain == 0; version = 1 - version) {
-        if (!sauvegarde.Ecrit(version))
-            _exit(1);
+    if (ecrivain == 0) {
+        for (int version = 1; sauvegarde.Ecrit(version);)
+            version = 1 - version;
+        _exit(1);
     }
     usleep(apresMicrosecondes);
     kill(ecrivain, SIGKILL);
