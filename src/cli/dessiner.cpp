@@ -1,15 +1,16 @@
 #include "dessiner.h"
 
 #include "arbre.h"
+#include "arbrelu.h"
 #include "canevas.h"
 #include "disposition.h"
 #include "ecriture.h"
-#include "ficarbre.h"
 #include "ficoptions.h"
 #include "formatsdessins.h"
 #include "interlocuteur.h"
 #include "lespolices.h"
 #include "pages.h"
+#include "sousarbre.h"
 #include "unites.h"
 
 #include <QFileInfo>
@@ -19,8 +20,6 @@
 #include <QSvgGenerator>
 
 namespace {
-
-constexpr int pointsParPouce = 96;
 
 void Refuse(const QString &texte)
 {
@@ -32,58 +31,88 @@ QString Suffixe(const QString &sortie)
     return QFileInfo(sortie).suffix().toLower();
 }
 
+/// The part of \a arbre that is to be drawn; none when its root is not there.
+std::unique_ptr<Arbre> PartieDe(std::unique_ptr<Arbre> arbre, const DemandeDeDessin &demande)
+{
+    if (demande.racine == 1 && demande.generations == 0)
+        return arbre;
+    auto partie = SousArbre(*arbre, demande.racine, demande.generations);
+    if (!partie)
+        Refuse(QStringLiteral("La personne n° %1 n'est pas dans l'arbre").arg(demande.racine));
+    return partie;
+}
+
 /// A tree with all that its drawing needs.
 struct Dessin
 {
-    Arbre arbre;
+    std::unique_ptr<Arbre> arbre;
     FormatsDessins formats;
     LesPolices polices;
     Canevas canevas;
-    float echelle = EchelleDeResolution(pointsParPouce);
+    bool complet;
+    int pointsParPouce;
+    float echelle;
 
-    [[nodiscard]] bool Lit(const QString &fichierArbre)
+    explicit Dessin(const DemandeDeDessin &demande)
+        : arbre(LitUnArbre(demande.arbre))
+        , complet(!demande.reduit)
+        , pointsParPouce(demande.pointsParPouce)
+        , echelle(EchelleDeResolution(pointsParPouce))
     {
-        if (!QFileInfo(fichierArbre).isFile()) {
-            Refuse(QStringLiteral("Le fichier ") + fichierArbre + QStringLiteral(" n'existe pas"));
-            return false;
-        }
-        QString repertoire = QFileInfo(fichierArbre).absolutePath();
-        if (LitFichierArbre(fichierArbre, repertoire, &arbre) != 0) {
-            Refuse(QStringLiteral("Impossible de charger le fichier ") + fichierArbre);
-            return false;
-        }
-        if (!LitOptions(CheminDesOptions(fichierArbre), &formats, &polices))
-            LitPreferences(CheminDesPreferences(), &formats, &polices);
-        DisposeArbre(arbre, formats, echelle, echelle);
-        return true;
+        if (arbre)
+            arbre = PartieDe(std::move(arbre), demande);
+        if (!arbre)
+            return;
+        PrendLesFormats(demande.arbre);
+        DisposeArbre(*arbre, formats, echelle, echelle);
     }
 
-    void Mesure(QPainter &peintre) { CalculeCanevas(canevas, peintre, arbre, formats, polices, echelle, echelle); }
+    void PrendLesFormats(const QString &fichierArbre)
+    {
+        if (!complet) {
+            formats = FormatsDessins::Reduits();
+            polices = LesPolices::Reduites();
+        } else if (!LitOptions(CheminDesOptions(fichierArbre), &formats, &polices)) {
+            LitPreferences(CheminDesPreferences(), &formats, &polices);
+        }
+    }
+
+    void Mesure(QPainter &peintre) { CalculeCanevas(canevas, peintre, *arbre, formats, polices, echelle, echelle); }
 
     /// The size of the drawing, measured for a picture.
     [[nodiscard]] QSize TailleDImage()
     {
         QImage essai(1, 1, QImage::Format_ARGB32_Premultiplied);
+        PrendLaResolution(essai);
         QPainter peintre(&essai);
         Mesure(peintre);
         return {Coordonnee(MaxLI(canevas.largeurCanevas, 1)), Coordonnee(MaxLI(canevas.hauteurCanevas, 1))};
     }
 
+    /// Fonts have points, of which a picture must know how many of its own make an inch.
+    void PrendLaResolution(QImage &image) const
+    {
+        const int parMetre = qRound(pointsParPouce / 0.0254);
+        image.setDotsPerMeterX(parMetre);
+        image.setDotsPerMeterY(parMetre);
+    }
+
     void Peint(QPainter &peintre)
     {
-        arbre.Affiche(&peintre, echelle, echelle, true, formats, polices, true);
-        DessineTitre(peintre, *arbre.infoArbre, canevas, polices);
+        arbre->Affiche(&peintre, echelle, echelle, true, formats, polices, complet);
+        DessineTitre(peintre, *arbre->infoArbre, canevas, polices);
     }
 };
 
-bool DessinePdf(Dessin &dessin, QIODevice &sortie)
+bool DessinePdf(Dessin &dessin, const DemandeDeDessin &demande, QIODevice &sortie)
 {
     QPdfWriter pdf(&sortie);
-    // The page of a printer that nobody has set up: A4 with margins of ten points.
-    pdf.setPageLayout(
-        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(10, 10, 10, 10), QPageLayout::Point));
-    pdf.setResolution(pointsParPouce);
-    pdf.setTitle(dessin.arbre.infoArbre->titrearbre);
+    // The margins of a printer that nobody has set up: ten points.
+    pdf.setPageLayout(QPageLayout(QPageSize(demande.page),
+                                  demande.paysage ? QPageLayout::Landscape : QPageLayout::Portrait,
+                                  QMarginsF(10, 10, 10, 10), QPageLayout::Point));
+    pdf.setResolution(dessin.pointsParPouce);
+    pdf.setTitle(dessin.arbre->infoArbre->titrearbre);
     pdf.setCreator(QStringLiteral("Ramelier"));
     QPainter peintre;
     if (!peintre.begin(&pdf))
@@ -115,6 +144,7 @@ bool DessinePng(Dessin &dessin, QIODevice &sortie)
     if (image.isNull())
         return false;
     image.fill(Qt::white);
+    dessin.PrendLaResolution(image);
     QPainter peintre(&image);
     peintre.setRenderHint(QPainter::Antialiasing);
     dessin.Peint(peintre);
@@ -127,10 +157,10 @@ bool DessineSvg(Dessin &dessin, QIODevice &sortie)
     const QSize taille = dessin.TailleDImage();
     QSvgGenerator svg;
     svg.setOutputDevice(&sortie);
-    svg.setResolution(pointsParPouce);
+    svg.setResolution(dessin.pointsParPouce);
     svg.setSize(taille);
     svg.setViewBox(QRect(QPoint(0, 0), taille));
-    svg.setTitle(dessin.arbre.infoArbre->titrearbre);
+    svg.setTitle(dessin.arbre->infoArbre->titrearbre);
     QPainter peintre;
     if (!peintre.begin(&svg))
         return false;
@@ -147,35 +177,23 @@ bool FormatDeDessinConnu(const QString &sortie)
     return QStringList{QStringLiteral("pdf"), QStringLiteral("png"), QStringLiteral("svg")}.contains(Suffixe(sortie));
 }
 
-bool Dessiner(const QString &fichierArbre, const QString &sortie)
+bool Dessiner(const DemandeDeDessin &demande)
 {
-    Dessin dessin;
-    if (!dessin.Lit(fichierArbre))
+    Dessin dessin(demande);
+    if (!dessin.arbre)
         return false;
-    EcritureFichier ecriture(sortie);
+    EcritureFichier ecriture(demande.sortie);
     const auto echoue = [&] {
-        Refuse(QStringLiteral("Impossible d'écrire dans le fichier %1: %2.").arg(sortie, ecriture.Erreur()));
+        Refuse(QStringLiteral("Impossible d'écrire dans le fichier %1: %2.").arg(demande.sortie, ecriture.Erreur()));
         return false;
     };
-    const QString suffixe = Suffixe(sortie);
+    const QString suffixe = Suffixe(demande.sortie);
     if (suffixe == u"png" && !TientDansUneImage(dessin))
         return false;
     if (!ecriture.Ouvre())
         return echoue();
-    const bool dessine = suffixe == u"pdf" ? DessinePdf(dessin, ecriture.Appareil())
+    const bool dessine = suffixe == u"pdf" ? DessinePdf(dessin, demande, ecriture.Appareil())
         : suffixe == u"png"                ? DessinePng(dessin, ecriture.Appareil())
                                            : DessineSvg(dessin, ecriture.Appareil());
     return (dessine && ecriture.Termine()) || echoue();
-}
-
-Sortie ExecuteDessiner(const QStringList &mots)
-{
-    Analyseur analyseur(commandeDessiner);
-    if (const auto fin = analyseur.Lit(mots))
-        return *fin;
-    const QStringList fichiers = analyseur.Fichiers();
-    if (!FormatDeDessinConnu(fichiers.at(1)))
-        return analyseur.Refuse(QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ")
-                                + fichiers.at(1));
-    return Dessiner(fichiers.at(0), fichiers.at(1)) ? Sortie::Fait : Sortie::NonFait;
 }

@@ -2,6 +2,7 @@
 
 #include "analyseur.h"
 
+#include <QPageSize>
 #include <QString>
 
 inline constexpr Commande commandeDessiner{"dessiner", "ARBRE SORTIE",
@@ -9,10 +10,22 @@ inline constexpr Commande commandeDessiner{"dessiner", "ARBRE SORTIE",
 
 Sortie ExecuteDessiner(const QStringList &mots);
 
-/// Draws the tree file \a fichierArbre as the program prints it, into \a sortie: ".pdf" on a grid of A4 pages, ".png" and
-/// ".svg" as one picture at 96 dots per inch. An existing file is replaced, whole or not at all. False when it could not
-/// be done; Interlocuteur has told why.
-bool Dessiner(const QString &fichierArbre, const QString &sortie);
+/// What is to be drawn, and how.
+struct DemandeDeDessin
+{
+    QString arbre;
+    QString sortie;  ///< ".pdf" on a grid of pages, ".png" and ".svg" as one picture
+    bool reduit = false;
+    QPageSize::PageSizeId page = QPageSize::A4;
+    bool paysage = false;
+    int pointsParPouce = 96;  ///< of a ".png"
+    quint64 racine = 1;       ///< whose ancestors
+    int generations = 0;      ///< 0: all
+};
+
+/// Draws a tree as the program prints it. An existing file is replaced, whole or not at all. False when it could not be
+/// done; Interlocuteur has told why.
+bool Dessiner(const DemandeDeDessin &demande);
 
 /// True when \a sortie has a suffix that Dessiner knows.
 [[nodiscard]] bool FormatDeDessinConnu(const QString &sortie);

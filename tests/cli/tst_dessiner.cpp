@@ -3,6 +3,8 @@
 #include "environnement.h"
 #include "executecli.h"
 #include "ficxrlg.h"
+#include "infopersonne.h"
+#include "personne.h"
 
 #include <QDir>
 #include <QGuiApplication>
@@ -24,6 +26,13 @@ private Q_SLOTS:
     void dessineUnPngALaTailleDuCanevas();
     void dessineUnSvgLisible();
     void prendLesOptionsDeLArbre();
+    void laPageDUnPdf_data();
+    void laPageDUnPdf();
+    void laFinesseDUnPng();
+    void lAffichageReduit();
+    void unePartieDeLArbre_data();
+    void unePartieDeLArbre();
+    void unGEDCOMSeDessine();
     void mauvaisUsage_data();
     void mauvaisUsage();
     void echoueEtDitPourquoi_data();
@@ -122,6 +131,99 @@ void TestDessiner::prendLesOptionsDeLArbre()
     QCOMPARE(image.pixelColor(18 + 113, 18), QColor(Qt::red));
 }
 
+void TestDessiner::laPageDUnPdf_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QSize>("page");
+    QTest::addColumn<int>("pages");
+    // Sixteen boxes of 151 pixels: 2490 wide and 1130 high.
+    QTest::newRow("A4") << QStringList{"--page", "A4"} << QSize(595, 842) << 8;
+    QTest::newRow("A4 couchée") << QStringList{"--paysage"} << QSize(842, 595) << 6;
+    QTest::newRow("A3") << QStringList{"--page=a3"} << QSize(842, 1191) << 3;
+    QTest::newRow("A3 couchée") << QStringList{"--page", "A3", "--paysage"} << QSize(1191, 842) << 4;
+}
+
+void TestDessiner::laPageDUnPdf()
+{
+    QFETCH(const QStringList, options);
+    QFETCH(const QSize, page);
+    const QString pdf = Chemin(QStringLiteral("arbre.pdf"));
+    QCOMPARE(Execute(QStringList{QStringLiteral("dessiner"), EcritArbre(5), pdf} + options).code, 0);
+    const auto document = Poppler::Document::load(pdf);
+    QVERIFY(document);
+    QTEST(document->numPages(), "pages");
+    QCOMPARE(document->page(0)->pageSize(), page);
+}
+
+void TestDessiner::laFinesseDUnPng()
+{
+    const QString png = Chemin(QStringLiteral("arbre.png"));
+    const auto arbre = ArbreComplet(2);
+    QVERIFY(writeFicXRLG(Chemin(QStringLiteral("arbre.xrlg")), arbre.get()));
+    QCOMPARE(Execute({"dessiner", Chemin("arbre.xrlg"), png, "--dpi", "192"}).code, 0);
+    const QImage image(png);
+    // Twice 96 dots per inch: lengths of millimetres are cut to dots only then.
+    QCOMPARE(image.size(), QSize(113 + 302 + 226 + 113, 113 + 430 + 317 + 113));
+    QCOMPARE(qRound(image.dotsPerMeterX() * 0.0254), 192);
+}
+
+void TestDessiner::lAffichageReduit()
+{
+    const QString pdf = Chemin(QStringLiteral("arbre.pdf"));
+    const auto arbre = ArbreComplet(2);
+    arbre->premiere->info->lieunaissance = QStringLiteral("NANTES");
+    arbre->premiere->info->datenaissance = QStringLiteral("1900");
+    QVERIFY(writeFicXRLG(Chemin(QStringLiteral("arbre.xrlg")), arbre.get()));
+    QCOMPARE(Execute({"dessiner", Chemin("arbre.xrlg"), pdf, "--reduit"}).code, 0);
+    const auto document = Poppler::Document::load(pdf);
+    QVERIFY(document);
+    const QString texte = document->page(0)->text(QRectF());
+    QVERIFY(texte.contains(QStringLiteral("1900")));
+    QVERIFY(!texte.contains(QStringLiteral("NANTES")));
+}
+
+void TestDessiner::unePartieDeLArbre_data()
+{
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QStringList>("dessinees");
+    QTest::newRow("tout") << QStringList() << QStringList{"N1", "N2", "N3", "N4", "N5", "N6", "N7"};
+    QTest::newRow("deux générations") << QStringList{"--generations", "2"} << QStringList{"N1", "N2", "N3"};
+    QTest::newRow("une branche") << QStringList{"--racine", "3"} << QStringList{"N3", "N6", "N7"};
+    QTest::newRow("une branche, une génération")
+        << QStringList{"--racine", "2", "--generations", "1"} << QStringList{"N2"};
+}
+
+void TestDessiner::unePartieDeLArbre()
+{
+    QFETCH(const QStringList, options);
+    const QString pdf = Chemin(QStringLiteral("arbre.pdf"));
+    QCOMPARE(Execute(QStringList{QStringLiteral("dessiner"), EcritArbre(3), pdf} + options).code, 0);
+    const auto document = Poppler::Document::load(pdf);
+    QVERIFY(document);
+    QStringList dessinees;
+    for (int page = 0; page < document->numPages(); ++page) {
+        for (const auto &boite : document->page(page)->textList()) {
+            if (boite->text().startsWith(u'N'))
+                dessinees += boite->text();
+        }
+    }
+    dessinees.sort();
+    QTEST(dessinees, "dessinees");
+}
+
+void TestDessiner::unGEDCOMSeDessine()
+{
+    QFile ged(Chemin(QStringLiteral("a.ged")));
+    QVERIFY(ged.open(QIODevice::WriteOnly));
+    ged.write("0 HEAD\n0 @I1@ INDI\n1 NAME Paul/MARTIN/\n0 @I2@ INDI\n1 NAME Jean/DURAND/\n0 TRLR\n");
+    ged.close();
+    const QString pdf = Chemin(QStringLiteral("a.pdf"));
+    QCOMPARE(Execute({"dessiner", ged.fileName(), pdf, "--individu", "@I2@"}).code, 0);
+    const auto document = Poppler::Document::load(pdf);
+    QVERIFY(document);
+    QVERIFY(document->page(0)->text(QRectF()).contains(QStringLiteral("Jean DURAND")));
+}
+
 void TestDessiner::mauvaisUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -137,6 +239,20 @@ void TestDessiner::mauvaisUsage_data()
             + essayezDessiner;
     QTest::newRow("option") << QStringList{"dessiner", "--vite", "a", "b"}
                             << "ramelier-cli : Option inconnue \"vite\".\n" + essayezDessiner;
+    const auto dessiner = [essayezDessiner](const char *nom, const QString &sortie, const QStringList &options,
+                                            const QString &erreur) {
+        QTest::newRow(nom) << QStringList{"dessiner", "a.xrlg", sortie} + options
+                           << "ramelier-cli : " + erreur + "\n" + essayezDessiner;
+    };
+    dessiner("page inconnue", "a.pdf", {"--page", "A2"}, "la page est A4 ou A3 : A2");
+    dessiner("page d'une image", "a.png", {"--page", "A4"}, "--page et --paysage ne valent que pour un .pdf");
+    dessiner("image couchée", "a.svg", {"--paysage"}, "--page et --paysage ne valent que pour un .pdf");
+    dessiner("finesse d'un PDF", "a.pdf", {"--dpi", "300"}, "--dpi ne vaut que pour un .png");
+    dessiner("finesse trop petite", "a.png", {"--dpi", "23"}, "--dpi veut un nombre de 24 à 1200 : 23");
+    dessiner("finesse en lettres", "a.png", {"--dpi", "fin"}, "--dpi veut un nombre de 24 à 1200 : fin");
+    dessiner("racine zéro", "a.pdf", {"--racine", "0"}, "--racine veut un nombre de 1 à 18446744073709551615 : 0");
+    dessiner("générations négatives", "a.pdf", {"--generations=-1"},
+             "--generations veut un nombre de 1 à 2147483647 : -1");
 }
 
 void TestDessiner::mauvaisUsage()
@@ -159,6 +275,8 @@ void TestDessiner::echoueEtDitPourquoi_data()
                                << "ramelier-cli : Erreur de syntaxe ligne 1, colonne 6: Le fichier n'est pas un "
                                   "fichier XRLG.\n"
                                   "ramelier-cli : Impossible de charger le fichier %1/a.xrlg\n";
+    QTest::newRow("racine absente") << QByteArray("<xrlg/>") << "a.pdf --racine 12"
+                                    << "ramelier-cli : La personne n° 12 n'est pas dans l'arbre\n";
     QTest::newRow("dossier absent") << QByteArray("<xrlg/>") << "rien/a.png"
                                     << "ramelier-cli : Impossible d'écrire dans le fichier %1/rien/a.png: "
                                        "Aucun fichier ou dossier.\n";
@@ -174,10 +292,12 @@ void TestDessiner::echoueEtDitPourquoi()
         QVERIFY(fichier.open(QIODevice::WriteOnly));
         fichier.write(contenu);
     }
-    const Resultat resultat = Execute({QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg")), Chemin(sortie)});
+    QStringList mots = sortie.split(u' ');
+    mots.first() = Chemin(mots.first());
+    const Resultat resultat = Execute(QStringList{QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg"))} + mots);
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
-    QVERIFY(!QFile::exists(Chemin(sortie)));
+    QVERIFY(!QFile::exists(mots.first()));
 }
 
 void TestDessiner::aideEtVersion()
