@@ -2,6 +2,7 @@
 
 #include "arbre.h"
 #include "ecriture.h"
+#include "etape.h"
 #include "ficarbre.h"
 #include "ficxrlg.h"
 #include "gedcomexport.h"
@@ -98,6 +99,7 @@ std::unique_ptr<Arbre> LitUnArbre(const QString &nom)
                 .arg(nom));
         return nullptr;
     }
+    const Etape etape(QStringLiteral("lecture de ") + nom);
     auto arbre = std::make_unique<Arbre>();
     const bool lu = EstGEDCOM(nom) ? Importe(nom, *arbre) : Charge(nom, *arbre);
     return lu ? std::move(arbre) : nullptr;
@@ -110,6 +112,7 @@ bool PeutEtreEcrit(const QString &nom)
 
 bool EcritUnArbre(const Arbre &arbre, const QString &origine, const QString &sortie)
 {
+    const Etape etape(QStringLiteral("écriture de ") + sortie);
     if (!EstGEDCOM(sortie))
         return EcritXRLG(arbre, sortie);
     if (EcritGEDCOM(nullptr, sortie, arbre, origine))

@@ -5,6 +5,7 @@
 #include "canevas.h"
 #include "disposition.h"
 #include "ecriture.h"
+#include "etape.h"
 #include "ficoptions.h"
 #include "formatsdessins.h"
 #include "interlocuteur.h"
@@ -64,6 +65,7 @@ struct Dessin
         if (!arbre)
             return;
         PrendLesFormats(demande.arbre);
+        const Etape etape(QStringLiteral("disposition de ") + demande.arbre);
         DisposeArbre(*arbre, formats, echelle, echelle);
     }
 
@@ -192,6 +194,7 @@ bool Dessiner(const DemandeDeDessin &demande)
         return false;
     if (!ecriture.Ouvre())
         return echoue();
+    const Etape etape(QStringLiteral("dessin de ") + demande.sortie);
     const bool dessine = suffixe == u"pdf" ? DessinePdf(dessin, demande, ecriture.Appareil())
         : suffixe == u"png"                ? DessinePng(dessin, ecriture.Appareil())
                                            : DessineSvg(dessin, ecriture.Appareil());
