@@ -64,6 +64,16 @@ bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
 
 }  // namespace
 
+bool AnalyseXRLG(XrlgHandler &handler, QByteArray octets)
+{
+    // The parser would take five times the memory of such a text before anything came of it.
+    if (SansMarqueLongtemps(octets, '<'))
+        return Refuse(handler, 1, 1);
+    QXmlInputSource source;
+    source.setData(std::exchange(octets, {}));
+    return Analyse(handler, source);
+}
+
 int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
 {
     QFile fichier(fileName);
@@ -76,11 +86,5 @@ int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
     }
     XrlgHandler handler(arbre, repertoire);
     // Read through the text mode, which drops every "\r".
-    QByteArray octets = fichier.readAll();
-    // The parser would take five times the memory of such a text before anything came of it.
-    if (SansMarqueLongtemps(octets, '<'))
-        return Refuse(handler, 1, 1) ? 0 : 2;
-    QXmlInputSource source;
-    source.setData(std::exchange(octets, {}));
-    return Analyse(handler, source) ? 0 : 2;
+    return AnalyseXRLG(handler, fichier.readAll()) ? 0 : 2;
 }
