@@ -5,6 +5,7 @@
 #include "convertir.h"
 #include "dessiner.h"
 #include "message.h"
+#include "reparer.h"
 
 #include <QCoreApplication>
 
@@ -24,6 +25,7 @@ constexpr std::array entrees{
     Entree{&commandeDessiner, ExecuteDessiner},
     Entree{&commandeConvertir, ExecuteConvertir},
     Entree{&commandeAssembler, ExecuteAssembler},
+    Entree{&commandeReparer, ExecuteReparer},
 };
 
 QString Aide()
