@@ -6,6 +6,7 @@
 #include "dessiner.h"
 #include "message.h"
 #include "reparer.h"
+#include "verifier.h"
 
 #include <QCoreApplication>
 
@@ -22,10 +23,9 @@ struct Entree
 };
 
 constexpr std::array entrees{
-    Entree{&commandeDessiner, ExecuteDessiner},
-    Entree{&commandeConvertir, ExecuteConvertir},
-    Entree{&commandeAssembler, ExecuteAssembler},
-    Entree{&commandeReparer, ExecuteReparer},
+    Entree{&commandeDessiner, ExecuteDessiner},   Entree{&commandeConvertir, ExecuteConvertir},
+    Entree{&commandeAssembler, ExecuteAssembler}, Entree{&commandeReparer, ExecuteReparer},
+    Entree{&commandeVerifier, ExecuteVerifier},
 };
 
 QString Aide()
