@@ -4,7 +4,6 @@
 #include "ecriture.h"
 #include "etape.h"
 #include "ficarbre.h"
-#include "ficxrlg.h"
 #include "gedcomexport.h"
 #include "gedcomimport.h"
 #include "infopersonne.h"
@@ -44,10 +43,13 @@ bool Charge(const QString &nom, Arbre &arbre)
     return false;
 }
 
-/// "&" and "<" as they are would end a tree file for its reader.
+/// As they are, "&", "<", "]]>" and two characters that Unicode keeps for itself would end a tree file for its reader, which
+/// never sees a "\r".
 bool GeneLaRelecture(const QString &texte)
 {
-    return texte.contains(u'&') || texte.contains(u'<');
+    return std::any_of(texte.cbegin(), texte.cend(),
+                       [](QChar c) { return c == u'&' || c == u'<' || c == u'\r' || c == u'\uFFFE' || c == u'\uFFFF'; })
+        || texte.contains(u"]]>");
 }
 
 bool GeneLaRelecture(const InfoPersonne &info)
@@ -61,14 +63,6 @@ bool GeneLaRelecture(const InfoArbre &titres)
 {
     const std::array textes{&titres.titrearbre, &titres.creepar, &titres.date, &titres.majpar, &titres.datemaj};
     return std::any_of(textes.begin(), textes.end(), [](const QString *texte) { return GeneLaRelecture(*texte); });
-}
-
-TextesXRLG TextesPour(const Arbre &arbre)
-{
-    bool gene = GeneLaRelecture(*arbre.infoArbre);
-    for (const Personne *personne = arbre.premiere; personne && !gene; personne = personne->suivante)
-        gene = personne->info && GeneLaRelecture(*personne->info);
-    return gene ? TextesXRLG::Echappes : TextesXRLG::TelsQuels;
 }
 
 bool EcritXRLG(const Arbre &arbre, const QString &sortie)
@@ -103,6 +97,14 @@ std::unique_ptr<Arbre> LitUnArbre(const QString &nom)
     auto arbre = std::make_unique<Arbre>();
     const bool lu = EstGEDCOM(nom) ? Importe(nom, *arbre) : Charge(nom, *arbre);
     return lu ? std::move(arbre) : nullptr;
+}
+
+TextesXRLG TextesPour(const Arbre &arbre)
+{
+    bool gene = GeneLaRelecture(*arbre.infoArbre);
+    for (const Personne *personne = arbre.premiere; personne && !gene; personne = personne->suivante)
+        gene = personne->info && GeneLaRelecture(*personne->info);
+    return gene ? TextesXRLG::Echappes : TextesXRLG::TelsQuels;
 }
 
 bool PeutEtreEcrit(const QString &nom)

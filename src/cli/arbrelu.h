@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ficxrlg.h"
+
 #include <QString>
 
 #include <memory>
@@ -20,3 +22,7 @@ class Arbre;
 /// Writes \a arbre, which came from the file \a origine, into \a sortie of the kind that its name says. Texts of a ".xrlg"
 /// file that could not be read back are escaped. False when it could not be done; the error stream has told why.
 [[nodiscard]] bool EcritUnArbre(const Arbre &arbre, const QString &origine, const QString &sortie);
+
+/// How the texts of \a arbre are to stand in a ".xrlg" file for the program to read them back: escaped as soon as one needs
+/// it.
+[[nodiscard]] TextesXRLG TextesPour(const Arbre &arbre);

@@ -7,6 +7,8 @@
 #include "dessiner.h"
 #include "lister.h"
 #include "message.h"
+#include "reparer.h"
+#include "verifier.h"
 
 #include <QCoreApplication>
 
@@ -25,7 +27,8 @@ struct Entree
 constexpr std::array entrees{
     Entree{&commandeDessiner, ExecuteDessiner},   Entree{&commandeConvertir, ExecuteConvertir},
     Entree{&commandeAssembler, ExecuteAssembler}, Entree{&commandeComparer, ExecuteComparer},
-    Entree{&commandeLister, ExecuteLister},
+    Entree{&commandeLister, ExecuteLister},       Entree{&commandeVerifier, ExecuteVerifier},
+    Entree{&commandeReparer, ExecuteReparer},
 };
 
 QString Aide()

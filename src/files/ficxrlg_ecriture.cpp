@@ -12,6 +12,17 @@
 
 namespace {
 
+/// What the reader takes for markup or never sees as a character, in a form that it gives back.
+QString Echappe(const QString &texte)
+{
+    QString echappe = texte.toHtmlEscaped();
+    for (const char16_t caractere : {u'\r', u'\uFFFE', u'\uFFFF'}) {
+        if (echappe.contains(caractere))
+            echappe.replace(QChar(caractere), QStringLiteral("&#%1;").arg(int(caractere)));
+    }
+    return echappe;
+}
+
 /// Collects lines in UTF-8 and hands them to the device block by block.
 class LignesXRLG
 {
@@ -34,7 +45,7 @@ public:
     void Element(int niveau, const char *balise, const QString &texte)
     {
         Ouvre(niveau, balise);
-        Code(echappe ? texte.toHtmlEscaped() : texte);
+        Code(echappe ? Echappe(texte) : texte);
         Ferme(balise);
     }
 

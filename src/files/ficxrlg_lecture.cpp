@@ -12,25 +12,48 @@
 
 namespace {
 
-/// Where a DOCTYPE of \a texte starts declarations of its own, or -1. Tree files have none; in others they may blow up
-/// (entities of entities) or nest deeper than the parser's stack before any handler sees them.
-qsizetype DebutDesDeclarations(const QString &texte)
+/// Behind the first \a fin from \a debut on, or the end of the text.
+qsizetype Apres(QStringView texte, QLatin1StringView fin, qsizetype debut)
 {
-    const QString balise = QStringLiteral("<!DOCTYPE");
-    for (qsizetype debut = texte.indexOf(balise); debut >= 0; debut = texte.indexOf(balise, debut + 1)) {
-        QChar guillemet;
-        for (qsizetype i = debut; i < texte.size(); ++i) {
-            const QChar caractere = texte.at(i);
-            if (!guillemet.isNull()) {
-                if (caractere == guillemet)
-                    guillemet = QChar();
-            } else if (caractere == u'[') {
+    const qsizetype place = texte.indexOf(fin, debut);
+    return place < 0 ? texte.size() : place + fin.size();
+}
+
+/// Where a DOCTYPE that starts at \a debut opens declarations of its own or ends, or the end of the text.
+qsizetype CrochetOuFin(QStringView texte, qsizetype debut)
+{
+    QChar guillemet;
+    for (qsizetype i = debut; i < texte.size(); ++i) {
+        const QChar caractere = texte.at(i);
+        if (!guillemet.isNull()) {
+            if (caractere == guillemet)
+                guillemet = QChar();
+        } else if (caractere == u'[' || caractere == u'>') {
+            return i;
+        } else if (caractere == u'"' || caractere == u'\'') {
+            guillemet = caractere;
+        }
+    }
+    return texte.size();
+}
+
+/// Where a DOCTYPE of \a texte starts declarations of its own, or -1. Tree files have none; in others they may blow up
+/// (entities of entities) or nest deeper than the parser's stack before any handler sees them. A DOCTYPE stands before the
+/// first element, among comments and instructions; behind it the parser takes none.
+qsizetype DebutDesDeclarations(QStringView texte)
+{
+    for (qsizetype i = texte.indexOf(u'<'); i >= 0; i = texte.indexOf(u'<', i)) {
+        const QStringView reste = texte.sliced(i);
+        if (reste.startsWith(u"<!--")) {
+            i = Apres(texte, QLatin1StringView("-->"), i + 4);
+        } else if (reste.startsWith(u"<?")) {
+            i = Apres(texte, QLatin1StringView("?>"), i + 2);
+        } else if (reste.startsWith(u"<!DOCTYPE")) {
+            i = CrochetOuFin(texte, i);
+            if (i < texte.size() && texte.at(i) == u'[')
                 return i;
-            } else if (caractere == u'>') {
-                break;
-            } else if (caractere == u'"' || caractere == u'\'') {
-                guillemet = caractere;
-            }
+        } else {
+            return -1;
         }
     }
     return -1;
@@ -64,6 +87,16 @@ bool Analyse(XrlgHandler &handler, QXmlInputSource &source)
 
 }  // namespace
 
+bool AnalyseXRLG(XrlgHandler &handler, QByteArray octets)
+{
+    // The parser would take five times the memory of such a text before anything came of it.
+    if (SansMarqueLongtemps(octets, '<'))
+        return Refuse(handler, 1, 1);
+    QXmlInputSource source;
+    source.setData(std::exchange(octets, {}));
+    return Analyse(handler, source);
+}
+
 int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
 {
     QFile fichier(fileName);
@@ -76,11 +109,5 @@ int readFicXRLG(const QString &fileName, QString &repertoire, Arbre *arbre)
     }
     XrlgHandler handler(arbre, repertoire);
     // Read through the text mode, which drops every "\r".
-    QByteArray octets = fichier.readAll();
-    // The parser would take five times the memory of such a text before anything came of it.
-    if (SansMarqueLongtemps(octets, '<'))
-        return Refuse(handler, 1, 1) ? 0 : 2;
-    QXmlInputSource source;
-    source.setData(std::exchange(octets, {}));
-    return Analyse(handler, source) ? 0 : 2;
+    return AnalyseXRLG(handler, fichier.readAll()) ? 0 : 2;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QXmlDefaultHandler>
 
 #include <memory>
@@ -41,3 +42,7 @@ private:
     QString repertoire;
     int profondeur = 0;  ///< open elements
 };
+
+/// Has \a handler read \a octets, the bytes of a `.xrlg` file without any "\r". False when they are no tree; the handler's
+/// fatalError was told where and why.
+[[nodiscard]] bool AnalyseXRLG(XrlgHandler &handler, QByteArray octets);

@@ -4,6 +4,7 @@
 #include "lecturexrlg.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 
 #include <random>
@@ -24,6 +25,8 @@ private Q_SLOTS:
     void lesBombesDEntitesSontArretees_data();
     void lesBombesDEntitesSontArretees();
     void desParenthesesSansFinNeDebordentPas();
+    void desDeclarationsSansFinNeRetiennentPas();
+    void dansUnTexteCeNEstPasUneDeclaration();
 };
 
 void TestFicXrlgHostile::desImbricationsSansFinSontRefusees_data()
@@ -120,6 +123,26 @@ void TestFicXrlgHostile::desParenthesesSansFinNeDebordentPas()
     const int resultat = Lit("<!DOCTYPE xrlg [<!ELEMENT a " + modele + ">]><xrlg></xrlg>");
     QVERIFY(resultat == 0 || resultat == 2);
     QCOMPARE(messages.size(), resultat == 2 ? 1 : 0);
+}
+
+void TestFicXrlgHostile::desDeclarationsSansFinNeRetiennentPas()
+{
+    QElapsedTimer montre;
+    montre.start();
+    QCOMPARE(Lit(QByteArray("<!DOCTYPE ").repeated(300'000)), 2);
+    QCOMPARE(Lit(QByteArray("<!-- <!DOCTYPE -->").repeated(300'000)), 2);
+    // A walk from each of them to the end would take hours.
+    QVERIFY(montre.elapsed() < 20'000);
+}
+
+void TestFicXrlgHostile::dansUnTexteCeNEstPasUneDeclaration()
+{
+    QCOMPARE(
+        Lit("<!-- <!DOCTYPE [ --><?a <!DOCTYPE [ ?><!DOCTYPE xrlg><xrlg><creepar><![CDATA[<!DOCTYPE x [&]]></creepar>"
+            "</xrlg>"),
+        0);
+    QCOMPARE(messages, QStringList());
+    QCOMPARE(arbre->infoArbre->creepar, "<!DOCTYPE x [&");
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestFicXrlgHostile)
