@@ -1,12 +1,10 @@
 #include "dessiner.h"
+#include "francais.h"
 #include "interlocuteurconsole.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QImageReader>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 #include <cstdio>
 
@@ -56,11 +54,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("ramelier-cli"));
     QGuiApplication::setApplicationVersion(QStringLiteral("5.1"));
-    const QLocale francais(QLocale::French, QLocale::France);
-    QTranslator traducteur;
-    if (traducteur.load(francais, QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&traducteur);
+    ParleFrancais(application);
     QImageReader::setAllocationLimit(1024);
     Interlocuteur::Installe(std::make_unique<InterlocuteurConsole>());
 
@@ -69,7 +63,10 @@ int main(int argc, char **argv)
         QStringLiteral("Dessine un arbre généalogique sans ouvrir de fenêtre.\n\n"
                        "Commandes :\n"
                        "  dessiner ARBRE SORTIE   dessine l'arbre ; SORTIE se termine par .pdf, .png ou .svg"));
-    const QCommandLineOption aide = analyseur.addHelpOption();
+    // The toolkit's own help option brings along one that is not meant here, for options of the toolkit.
+    const QCommandLineOption aide({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Afficher cette aide."));
+    analyseur.addOption(aide);
     const QCommandLineOption version = analyseur.addVersionOption();
     analyseur.addPositionalArgument(QStringLiteral("commande"), QStringLiteral("la commande à exécuter"));
     analyseur.addPositionalArgument(QStringLiteral("fichiers"), QStringLiteral("les fichiers de la commande"),

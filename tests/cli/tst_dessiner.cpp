@@ -172,6 +172,12 @@ void TestDessiner::echoueEtDitPourquoi_data()
                                << "ramelier-cli : Erreur de syntaxe ligne 1, colonne 6: Le fichier n'est pas un "
                                   "fichier XRLG.\n"
                                   "ramelier-cli : Impossible de charger le fichier %1/a.xrlg\n";
+    QTest::newRow("mal fermé") << QByteArray("<xrlg><arbre></xrlg>") << "a.png"
+                               << "ramelier-cli : Erreur de syntaxe ligne 1, colonne 20: le tag ne correspond pas\n"
+                                  "ramelier-cli : Impossible de charger le fichier %1/a.xrlg\n";
+    QTest::newRow("un dossier") << QByteArray("<xrlg/>") << "dossier.png"
+                                << "ramelier-cli : Impossible d'écrire dans le fichier %1/dossier.png: "
+                                   "C'est un dossier.\n";
     QTest::newRow("dossier absent") << QByteArray("<xrlg/>") << "rien/a.png"
                                     << "ramelier-cli : Impossible d'écrire dans le fichier %1/rien/a.png: "
                                        "Aucun fichier ou dossier.\n";
@@ -187,10 +193,11 @@ void TestDessiner::echoueEtDitPourquoi()
         QVERIFY(fichier.open(QIODevice::WriteOnly));
         fichier.write(contenu);
     }
+    QVERIFY(QDir(dossier->path()).mkdir(QStringLiteral("dossier.png")));
     const Resultat resultat = Execute({QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg")), Chemin(sortie)});
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
-    QVERIFY(!QFile::exists(Chemin(sortie)));
+    QVERIFY(!QFileInfo(Chemin(sortie)).isFile());
 }
 
 void TestDessiner::aideEtVersion()
@@ -198,6 +205,9 @@ void TestDessiner::aideEtVersion()
     const Resultat aide = Execute({QStringLiteral("--help")});
     QCOMPARE(aide.code, 0);
     QVERIFY(aide.sortie.contains(QStringLiteral("dessiner ARBRE SORTIE")));
+    QVERIFY(aide.sortie.contains(QStringLiteral("\n  -h, --help     Afficher cette aide.\n")));
+    QVERIFY(!aide.sortie.contains(QStringLiteral("Displays")));
+    QCOMPARE(Execute({QStringLiteral("-h")}).sortie, aide.sortie);
     const Resultat version = Execute({QStringLiteral("--version")});
     QCOMPARE(version.code, 0);
     QCOMPARE(version.sortie, QStringLiteral("ramelier-cli 5.1\n"));
