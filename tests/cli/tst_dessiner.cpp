@@ -8,6 +8,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QSvgRenderer>
 
 #include <poppler-qt6.h>
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void mauvaisUsage();
     void echoueEtDitPourquoi_data();
     void echoueEtDitPourquoi();
+    void dessineDansToutDossier_data();
+    void dessineDansToutDossier();
     void aideEtVersion();
     void dessineLExemple();
 
@@ -198,6 +201,37 @@ void TestDessiner::echoueEtDitPourquoi()
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
     QVERIFY(!QFileInfo(Chemin(sortie)).isFile());
+}
+
+void TestDessiner::dessineDansToutDossier_data()
+{
+    QTest::addColumn<QString>("nom");
+    QTest::addColumn<QByteArray>("langue");
+    for (const QByteArray &langue : {QByteArray("C"), QByteArray("C.UTF-8")}) {
+        for (const QString &nom :
+             {QStringLiteral("les  ancêtres d'Élise"), QStringLiteral("E\u0301lise"), QStringLiteral("famille 👪"),
+              QStringLiteral("n°#1 100 % ?"), QStringLiteral("\"Paul\""), QStringLiteral("point."), QString(250, u'n')})
+            QTest::addRow("%s %s", langue.constData(), qPrintable(nom.left(20))) << nom << langue;
+    }
+}
+
+void TestDessiner::dessineDansToutDossier()
+{
+    QFETCH(const QString, nom);
+    QFETCH(const QByteArray, langue);
+    const QByteArray avant = qgetenv("LC_ALL");
+    qputenv("LC_ALL", langue);
+    const auto rendLaLangue = qScopeGuard([&avant] { qputenv("LC_ALL", avant); });
+    QVERIFY(QDir(dossier->path()).mkdir(nom));
+    const QString base = Chemin(nom) + u'/' + nom;
+    const QString arbre = base + QStringLiteral(".xrlg");
+    QVERIFY(QFile::rename(EcritArbre(2), arbre));
+    for (const QString &suffixe : {QStringLiteral(".pdf"), QStringLiteral(".png"), QStringLiteral(".svg")}) {
+        const Resultat resultat = Execute({QStringLiteral("dessiner"), arbre, base + suffixe});
+        QCOMPARE(resultat.erreur, QString());
+        QCOMPARE(resultat.code, 0);
+        QVERIFY(QFileInfo(base + suffixe).size() > 100);
+    }
 }
 
 void TestDessiner::aideEtVersion()
