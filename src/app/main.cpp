@@ -1,5 +1,6 @@
 #include "copiedesecours.h"
 #include "demarrage.h"
+#include "findesession.h"
 #include "ramelierapp.h"
 #include "signauxdefin.h"
 
@@ -11,10 +12,13 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     PrepareLApplication(application, QStringLiteral("ramelier"));
     auto *fenetre = new RamelierApp(argc, argv);
-    const SignauxDeFin signaux([fenetre = QPointer(fenetre)] {
+    const auto metEnSurete = [fenetre = QPointer(fenetre)] {
         if (fenetre && fenetre->secours)
             fenetre->secours->EcritEtGarde();
-    });
+    };
+    const SignauxDeFin signaux(metEnSurete);
+    FinDeSession::Surveille(
+        fenetre, {.peutFinir = [fenetre] { return fenetre->PeutFinirLaSession(); }, .metEnSurete = metEnSurete});
     const int resultat = QApplication::exec();
     if (resultat == 0)
         delete fenetre;

@@ -131,7 +131,7 @@ void RamelierApp::readSettings()
 {
     const QSettings reglages(organisation, application);
     resize(reglages.value(QStringLiteral("size"), QSize(400, 400)).toSize());
-    move(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint());
+    move(PlaceVisible(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint(), size()));
     dernierRep = reglages.value(QStringLiteral("lastdir")).toString();
 }
 

@@ -87,6 +87,8 @@ public:
     void resetMenus();
     /// Shows in the status bar whether the document has unsaved changes.
     void MaJStatusBarreInfoModif();
+    /// The desktop's session ends: offers to save the tree and every sheet; false when the user stays.
+    [[nodiscard]] bool PeutFinirLaSession();
     void readSettings();
     void writeSettings();
 

@@ -2,6 +2,7 @@
 
 #include "boites.h"
 #include "copiedesecours.h"
+#include "findesession.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -24,7 +25,7 @@ bool RamelierApp::queryExit()
 bool RamelierApp::PeutQuitter()
 {
     Status(QStringLiteral("Sortie de l'application..."));
-    if (TravailNonSauve() && !queryExit()) {
+    if (TravailNonSauve() && !FinDeSession::EstAcceptee() && !queryExit()) {
         Status(QStringLiteral("Prêt."));
         return false;
     }

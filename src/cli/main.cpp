@@ -1,11 +1,9 @@
 #include "commandes.h"
+#include "francais.h"
 #include "interlocuteurconsole.h"
 
 #include <QGuiApplication>
 #include <QImageReader>
-#include <QLibraryInfo>
-#include <QLocale>
-#include <QTranslator>
 
 #include <malloc.h>
 
@@ -34,11 +32,7 @@ int main(int argc, char **argv)
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("ramelier-cli"));
     QGuiApplication::setApplicationVersion(QStringLiteral("5.1"));
-    const QLocale francais(QLocale::French, QLocale::France);
-    QTranslator traducteur;
-    if (traducteur.load(francais, QStringLiteral("qtbase"), QStringLiteral("_"),
-                        QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-        QCoreApplication::installTranslator(&traducteur);
+    ParleFrancais(application);
     QImageReader::setAllocationLimit(1024);
     InterlocuteurConsole::Installe({});
     return static_cast<int>(ExecuteLaLigne(QCoreApplication::arguments().mid(1)));

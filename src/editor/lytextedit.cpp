@@ -173,7 +173,7 @@ void LyTextEdit::readSettings()
     if (!description.isEmpty() && police.fromString(description))
         AppliquePolice(police);
     resize(reglages.value(QStringLiteral("size"), QSize(400, 400)).toSize());
-    move(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint());
+    move(PlaceVisible(reglages.value(QStringLiteral("pos"), QPoint(200, 200)).toPoint(), size()));
 }
 
 void LyTextEdit::writeSettings()

@@ -129,6 +129,8 @@ public:
     void proposeSauvegarde(bool *continuer);
     /// Offers to save before closing; false when the window stays.
     bool queryExit();
+    /// The same for every editor that is open and has something to save.
+    [[nodiscard]] static bool TousPeuventFermer();
     /// Puts the selected text between two tags, then moves the cursor as decaleCurseur when one of the numbers is not 0.
     void insertTag(const QString &ouvrante, const QString &fermante, int decalCar, int decalBloc);
     /// Moves the cursor by \a decalCar characters, then, unless \a decalBloc is 0, to the start of the line: of its own,

@@ -3,9 +3,11 @@
 #include "boites.h"
 #include "curseurattente.h"
 #include "ecriture.h"
+#include "findesession.h"
 #include "monqtextedit.h"
 #include "textefiche.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QFileSystemModel>
@@ -185,9 +187,20 @@ bool LyTextEdit::queryExit()
     return reponse != annuler;
 }
 
+bool LyTextEdit::TousPeuventFermer()
+{
+    const auto fenetres = QApplication::topLevelWidgets();
+    for (const QPointer<QWidget> fenetre : fenetres) {
+        auto *editeur = qobject_cast<LyTextEdit *>(fenetre);
+        if (editeur && editeur->isVisible() && editeur->texte->document()->isModified() && !editeur->queryExit())
+            return false;
+    }
+    return true;
+}
+
 void LyTextEdit::closeEvent(QCloseEvent *evenement)
 {
-    if (texte->document()->isModified() && !queryExit()) {
+    if (texte->document()->isModified() && !FinDeSession::EstAcceptee() && !queryExit()) {
         evenement->ignore();
         return;
     }

@@ -1,4 +1,5 @@
 #include "demarrage.h"
+#include "findesession.h"
 #include "lytextedit.h"
 
 #include <QApplication>
@@ -13,5 +14,6 @@ int main(int argc, char **argv)
     // cppcheck-suppress unreadVariable ; a window: it is there as long as it lives
     const LyTextEdit editeur(QStringLiteral("LyEditHtml"), fichier, true, QFile::decodeName(argv[0]),
                              QStringLiteral("1.0"));
+    FinDeSession::Surveille(&application, {.peutFinir = &LyTextEdit::TousPeuventFermer});
     return QApplication::exec();
 }

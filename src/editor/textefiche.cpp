@@ -1,5 +1,6 @@
 #include "textefiche.h"
 
+#include "francais.h"
 #include "lecture.h"
 
 #include <QFileInfo>
@@ -51,7 +52,7 @@ QByteArray OctetsFiche(const QString &nom, QString *cause)
         QByteArray octets = fichier.readAll();
         if (fichier.error() == QFileDevice::NoError)
             return octets.isNull() ? QByteArray("") : octets;
-        refus = fichier.errorString();
+        refus = ErreurEnFrancais(fichier.errorString());
     }
     if (cause)
         *cause = refus;

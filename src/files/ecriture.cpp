@@ -2,6 +2,7 @@
 
 #include "copieancienne.h"
 #include "descripteur.h"
+#include "francais.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -51,6 +52,11 @@ EcritureFichier::EcritureFichier(const QString &nom, Ancien lAncien)
     : ancien(lAncien)
     , cible(nom)
 {
+}
+
+QString EcritureFichier::Erreur() const
+{
+    return ErreurEnFrancais(refus.isEmpty() ? temporaire.errorString() : refus);
 }
 
 bool EcritureFichier::Refuse(const QString &cause)

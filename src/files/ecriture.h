@@ -26,8 +26,8 @@ public:
     [[nodiscard]] QIODevice &Appareil() { return temporaire; }
     /// Puts the new content in place. False with Erreur() set, and the old file intact, when any write failed.
     [[nodiscard]] bool Termine();
-    /// What went wrong, in the system's words.
-    [[nodiscard]] QString Erreur() const { return refus.isEmpty() ? temporaire.errorString() : refus; }
+    /// What went wrong, in the system's words, in French.
+    [[nodiscard]] QString Erreur() const;
 
 private:
     bool Refuse(const QString &cause);

@@ -1,5 +1,7 @@
 #include "lecture.h"
 
+#include "francais.h"
+
 #include <QFileInfo>
 
 namespace {
@@ -21,7 +23,7 @@ bool OuvreEnLecture(QFile &fichier, QIODevice::OpenMode mode, QString &cause)
     }
     if (fichier.open(mode))
         return true;
-    cause = fichier.errorString();
+    cause = ErreurEnFrancais(fichier.errorString());
     return false;
 }
 

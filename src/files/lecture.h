@@ -4,7 +4,7 @@
 #include <QFile>
 
 /// Opens \a fichier for reading in \a mode, unless it is a pipe or a device: the first would wait for its writer, the
-/// second may never end; or larger than 2 GiB. False with \a cause, in the system's words, when it cannot be read.
+/// second may never end; or larger than 2 GiB. False with \a cause, in the system's words in French, when it cannot be read.
 [[nodiscard]] bool OuvreEnLecture(QFile &fichier, QIODevice::OpenMode mode, QString &cause);
 
 /// Among these bytes there is a stretch of at least 64 MiB without the byte \a marque, which no file that a person could

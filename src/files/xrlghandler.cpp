@@ -1,6 +1,7 @@
 #include "xrlghandler.h"
 
 #include "arbre.h"
+#include "francais.h"
 #include "infopersonne.h"
 #include "interlocuteur.h"
 #include "personne.h"
@@ -163,7 +164,7 @@ bool XrlgHandler::fatalError(const QXmlParseException &exception)
                                          QStringLiteral("Erreur de syntaxe ligne %1, colonne %2:\n%3")
                                              .arg(exception.lineNumber())
                                              .arg(exception.columnNumber())
-                                             .arg(exception.message()));
+                                             .arg(ErreurXmlEnFrancais(exception.message())));
     return false;
 }
 

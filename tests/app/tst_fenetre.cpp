@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void lesArgumentsSuivantsSontIgnores();
     void laTailleParDefautEst400Sur400();
     void laTailleEnregistreeLEmporte();
+    void unePlaceHorsDesEcransEstRamenee();
     void lesReglagesSEcriventSousLeursCles();
     void lesReglagesSEcriventSeulementEnQuittant();
     void leDessinPrendLaTailleDeLaFenetre();
@@ -234,6 +236,21 @@ void TestFenetre::laTailleEnregistreeLEmporte()
     QCOMPARE(fenetre.size(), QSize(640, 360));
     QCOMPARE(fenetre.pos(), QPoint(31, 47));
     QCOMPARE(fenetre.dernierRep, QStringLiteral("/srv/arbres"));
+}
+
+void TestFenetre::unePlaceHorsDesEcransEstRamenee()
+{
+    QSettings reglages(QStringLiteral("ProgrammesLY"), QStringLiteral("ramelier"));
+    reglages.setValue(QStringLiteral("size"), QSize(500, 300));
+    reglages.setValue(QStringLiteral("pos"), QPoint(5000, -4000));
+    reglages.sync();
+    const Fenetre fenetre;
+    const QRect ecran = fenetre.screen()->availableGeometry();
+    QVERIFY(ecran.contains(QRect(fenetre.pos(), QSize(500, 300))));
+    QCOMPARE(fenetre.size(), QSize(500, 300));
+    // What is stored stays until the program is left.
+    reglages.sync();
+    QCOMPARE(reglages.value(QStringLiteral("pos")), QVariant(QPoint(5000, -4000)));
 }
 
 void TestFenetre::lesReglagesSEcriventSousLeursCles()

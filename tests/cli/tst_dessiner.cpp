@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QScopeGuard>
 #include <QSvgRenderer>
 
 #include <poppler-qt6.h>
@@ -37,6 +38,8 @@ private Q_SLOTS:
     void mauvaisUsage();
     void echoueEtDitPourquoi_data();
     void echoueEtDitPourquoi();
+    void dessineDansToutDossier_data();
+    void dessineDansToutDossier();
     void aideEtVersion();
     void dessineLExemple();
 
@@ -277,6 +280,12 @@ void TestDessiner::echoueEtDitPourquoi_data()
                                   "ramelier-cli : Impossible de charger le fichier %1/a.xrlg\n";
     QTest::newRow("racine absente") << QByteArray("<xrlg/>") << "a.pdf --racine 12"
                                     << "ramelier-cli : La personne n° 12 n'est pas dans l'arbre\n";
+    QTest::newRow("mal fermé") << QByteArray("<xrlg><arbre></xrlg>") << "a.png"
+                               << "ramelier-cli : Erreur de syntaxe ligne 1, colonne 20: le tag ne correspond pas\n"
+                                  "ramelier-cli : Impossible de charger le fichier %1/a.xrlg\n";
+    QTest::newRow("un dossier") << QByteArray("<xrlg/>") << "dossier.png"
+                                << "ramelier-cli : Impossible d'écrire dans le fichier %1/dossier.png: "
+                                   "C'est un dossier.\n";
     QTest::newRow("dossier absent") << QByteArray("<xrlg/>") << "rien/a.png"
                                     << "ramelier-cli : Impossible d'écrire dans le fichier %1/rien/a.png: "
                                        "Aucun fichier ou dossier.\n";
@@ -292,12 +301,44 @@ void TestDessiner::echoueEtDitPourquoi()
         QVERIFY(fichier.open(QIODevice::WriteOnly));
         fichier.write(contenu);
     }
+    QVERIFY(QDir(dossier->path()).mkdir(QStringLiteral("dossier.png")));
     QStringList mots = sortie.split(u' ');
     mots.first() = Chemin(mots.first());
     const Resultat resultat = Execute(QStringList{QStringLiteral("dessiner"), Chemin(QStringLiteral("a.xrlg"))} + mots);
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
-    QVERIFY(!QFile::exists(mots.first()));
+    QVERIFY(!QFileInfo(mots.first()).isFile());
+}
+
+void TestDessiner::dessineDansToutDossier_data()
+{
+    QTest::addColumn<QString>("nom");
+    QTest::addColumn<QByteArray>("langue");
+    for (const QByteArray &langue : {QByteArray("C"), QByteArray("C.UTF-8")}) {
+        for (const QString &nom :
+             {QStringLiteral("les  ancêtres d'Élise"), QStringLiteral("E\u0301lise"), QStringLiteral("famille 👪"),
+              QStringLiteral("n°#1 100 % ?"), QStringLiteral("\"Paul\""), QStringLiteral("point."), QString(250, u'n')})
+            QTest::addRow("%s %s", langue.constData(), qPrintable(nom.left(20))) << nom << langue;
+    }
+}
+
+void TestDessiner::dessineDansToutDossier()
+{
+    QFETCH(const QString, nom);
+    QFETCH(const QByteArray, langue);
+    const QByteArray avant = qgetenv("LC_ALL");
+    qputenv("LC_ALL", langue);
+    const auto rendLaLangue = qScopeGuard([&avant] { qputenv("LC_ALL", avant); });
+    QVERIFY(QDir(dossier->path()).mkdir(nom));
+    const QString base = Chemin(nom) + u'/' + nom;
+    const QString arbre = base + QStringLiteral(".xrlg");
+    QVERIFY(QFile::rename(EcritArbre(2), arbre));
+    for (const QString &suffixe : {QStringLiteral(".pdf"), QStringLiteral(".png"), QStringLiteral(".svg")}) {
+        const Resultat resultat = Execute({QStringLiteral("dessiner"), arbre, base + suffixe});
+        QCOMPARE(resultat.erreur, QString());
+        QCOMPARE(resultat.code, 0);
+        QVERIFY(QFileInfo(base + suffixe).size() > 100);
+    }
 }
 
 void TestDessiner::aideEtVersion()
@@ -305,6 +346,8 @@ void TestDessiner::aideEtVersion()
     const Resultat aide = Execute({QStringLiteral("--help")});
     QCOMPARE(aide.code, 0);
     QVERIFY(aide.sortie.contains(QStringLiteral("dessiner ARBRE SORTIE")));
+    QVERIFY(!aide.sortie.contains(QStringLiteral("Displays")));
+    QCOMPARE(Execute({QStringLiteral("-h")}).sortie, aide.sortie);
     const Resultat version = Execute({QStringLiteral("--version")});
     QCOMPARE(version.code, 0);
     QCOMPARE(version.sortie, QStringLiteral("ramelier-cli 5.1\n"));

@@ -17,7 +17,7 @@ Environnement::Environnement()
         pose("QT_QPA_PLATFORM", QStringLiteral("offscreen"));
     pose("QT_STYLE_OVERRIDE", QStringLiteral("fusion"));
     pose("FONTCONFIG_FILE", QStringLiteral(RAMELIER_FONTS_CONF));
-    pose("LC_ALL", QStringLiteral("C.UTF-8"));
+    pose("LC_ALL", qEnvironmentVariable("RAMELIER_TEST_LC_ALL", QStringLiteral("C.UTF-8")));
     pose("TZ", QStringLiteral("UTC"));
     // Refused at once: nobody's printer ever prints a test.
     pose("CUPS_SERVER", QStringLiteral("localhost:9"));

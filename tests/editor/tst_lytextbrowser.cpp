@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QMenu>
 #include <QPointer>
@@ -30,6 +31,8 @@ private Q_SLOTS:
     void unTexteIllisibleLaisseLeTitre();
     void unePageDonneSonTitre();
     void lesLiensSeSuivent();
+    void unLienEcritALaMainSeSuit_data();
+    void unLienEcritALaMainSeSuit();
     void lienSousLaSourisDansLaBarreDeStatut();
     void uneImageAbsenteEtUnLienMortNeGenentPas();
     void rienNeVientDuReseau();
@@ -191,6 +194,41 @@ void TestLyTextBrowser::lesLiensSeSuivent()
     QCOMPARE(fenetre->windowTitle(), "Fiche - Deux bis");
     fenetre->actOrigine->trigger();
     QCOMPARE(fenetre->windowTitle(), "Fiche - Un");
+}
+
+void TestLyTextBrowser::unLienEcritALaMainSeSuit_data()
+{
+    QTest::addColumn<QString>("nom");
+    QTest::addColumn<QString>("lien");
+    QTest::newRow("simple") << "suite.html"
+                            << "suite.html";
+    QTest::newRow("accents et blancs") << "Élise Noël.html"
+                                       << "Élise Noël.html";
+    QTest::newRow("entités") << "Élise & Noël.html"
+                             << "&Eacute;lise &amp; No&euml;l.html";
+    QTest::newRow("codé") << "Élise #1 ?.html"
+                          << "%C3%89lise%20%231%20%3F.html";
+    QTest::newRow("pour cent seul") << "100 %.html"
+                                    << "100 %.html";
+    QTest::newRow("crochets") << "a[1].html"
+                              << "a[1].html";
+    QTest::newRow("dans un dossier") << "les fiches/l'aînée.html"
+                                     << "les fiches/l'aînée.html";
+    QTest::newRow("point en tête") << "suite.html"
+                                   << "./suite.html";
+}
+
+void TestLyTextBrowser::unLienEcritALaMainSeSuit()
+{
+    QFETCH(const QString, nom);
+    QFETCH(const QString, lien);
+    QVERIFY(QDir(dossier->path()).mkpath("les fiches"));
+    QVERIFY(!Ecrit(nom, "<title>Suite</title>deux").isEmpty());
+    Ouvre(Ecrit("n° #1 %.html", "<title>Début</title><p><a href=\"" + lien.toUtf8() + "\">suite</a></p>"), true);
+    QTest::keyClick(fenetre->navigateur, Qt::Key_Tab);
+    QTest::keyClick(fenetre->navigateur, Qt::Key_Return);
+    QVERIFY(fenetre->windowTitle().endsWith(" - Suite"));
+    QCOMPARE(fenetre->navigateur->toPlainText(), "deux");
 }
 
 void TestLyTextBrowser::lienSousLaSourisDansLaBarreDeStatut()

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void lesReglagesSEcriventALaFermeture();
     void sansReglagesLaTailleEst400();
     void lesReglagesLEmportent();
+    void unePlaceHorsDesEcransEstRamenee();
 
     void lesTroisLabels();
     void pretPendantDeuxSecondes();
@@ -554,6 +555,19 @@ void TestLyTextEdit::lesReglagesLEmportent()
         QCOMPARE(lue.pointSize(), 14);
         QVERIFY(lue.italic());
     }
+}
+
+void TestLyTextEdit::unePlaceHorsDesEcransEstRamenee()
+{
+    {
+        QSettings reglages("ProgrammesLY", "ramelieredithtml");
+        reglages.setValue("pos", QPoint(-6000, 70));
+        reglages.setValue("size", QSize(530, 450));
+    }
+    const LyTextEdit &editeur = atelier->Ouvre("");
+    QCOMPARE(editeur.size(), QSize(530, 450));
+    QCOMPARE(editeur.pos(), QPoint(0, 70));
+    QCOMPARE(QSettings("ProgrammesLY", "ramelieredithtml").value("pos").toPoint(), QPoint(-6000, 70));
 }
 
 void TestLyTextEdit::lesTroisLabels()

@@ -302,7 +302,7 @@ void TestLyTextEditFichiers::uneEcritureImpossibleNeChangeRien_data()
     QTest::newRow("dossier absent") << "absent/a.txt"
                                     << "Aucun fichier ou dossier";
     QTest::newRow("dossier") << "dossier"
-                             << "Is a directory";
+                             << "C'est un dossier";
     QTest::newRow("tube") << "tube"
                           << "Ce n'est pas un fichier ordinaire";
 }
@@ -346,7 +346,7 @@ void TestLyTextEditFichiers::unDisquePleinLaisseLAncienFichier()
     }
     QVERIFY(!ecrit);
     CompareBoite(scenario, "LyTextEdit",
-                 "Cannot write file " + atelier->dossier.Chemin("a.html") + ":\nFile too large.", editeur);
+                 "Cannot write file " + atelier->dossier.Chemin("a.html") + ":\nFichier trop grand.", editeur);
     QCOMPARE(atelier->dossier.Lit("a.html"), "ancien");
     QCOMPARE(atelier->dossier.Noms(), QStringList{"a.html"});
     QVERIFY(EstModifie(editeur));

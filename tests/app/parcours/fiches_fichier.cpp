@@ -30,7 +30,7 @@ QString CauseDe(const QString &chemin)
     const QStringList noms = chemin.split(u'/');
     const bool tropLong =
         std::any_of(noms.begin(), noms.end(), [](const QString &nom) { return nom.toUtf8().size() > octetsDUnNom; });
-    return tropLong ? "File name too long" : "Aucun fichier ou dossier";
+    return tropLong ? "Nom de fichier trop long" : "Aucun fichier ou dossier";
 }
 
 const QString questionDeFermeture = "La fiche éditée a été modifiée \n enregistrer les modifications avant de fermer ?";
@@ -117,7 +117,7 @@ bool Fiches::PrevoitSauvegarde(Edite &edite, bool sous)
         }
     }
     const QString cause = CauseDe(chemin);
-    if (!QFileInfo(QFileInfo(chemin).absolutePath()).isDir() || cause == "File name too long") {
+    if (!QFileInfo(QFileInfo(chemin).absolutePath()).isDir() || cause == "Nom de fichier trop long") {
         partie.pilote.AttendBoite("LyTextEdit", "Cannot write file " + chemin + ":\n" + cause + '.', "OK");
         partie.NoteLeFait("fiche : écriture impossible");
         return false;

@@ -1,0 +1,11 @@
+#include "ramelierapp.h"
+
+#include "lytextedit.h"
+
+bool RamelierApp::PeutFinirLaSession()
+{
+    // A hidden window is leaving already: its tree has been asked about.
+    if (isVisible() && TravailNonSauve() && !queryExit())
+        return false;
+    return LyTextEdit::TousPeuventFermer();
+}
