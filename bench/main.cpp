@@ -18,6 +18,7 @@ int main(int argc, char **argv)
     EnregistreDisposition(plusGrand);
     EnregistreDessin(plusGrand);
     EnregistreClic(plusGrand);
+    EnregistreClavier(plusGrand);
     EnregistreEdition(plusGrand);
     EnregistreImpression(plusGrand);
     EnregistreXrlg(plusGrand);

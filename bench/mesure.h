@@ -33,5 +33,6 @@ void EnregistreGedcom(int plusGrand);
 void EnregistreAssemblage(int plusGrand);
 void EnregistreDessin(int plusGrand);
 void EnregistreClic(int plusGrand);
+void EnregistreClavier(int plusGrand);
 void EnregistreEdition(int plusGrand);
 void EnregistreImpression(int plusGrand);

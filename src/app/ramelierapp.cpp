@@ -44,6 +44,7 @@ RamelierApp::RamelierApp(int argc, char **argv)
     view = new RamelierView(this, doc);
     ConstruitMenusSurgissants();
     ConnecteLeDocument();
+    setAcceptDrops(true);
     if (argc >= 2) {
         fichierArbre = QFile::decodeName(argv[1]);
         slotFileOpen();
@@ -75,6 +76,7 @@ void RamelierApp::ConnecteLeDocument()
     connect(doc, &RamelierDoc::personneSelectionnee, this, &RamelierApp::slotPersonneSelectionnee);
     connect(view->vue(), &arbView::personneDoubleCliquee, this, &RamelierApp::slotPersonneDoubleCliquee);
     connect(view->vue(), &arbView::menuSurgissant, this, &RamelierApp::slotMenuSurgissant);
+    connect(view->vue(), &arbView::menuAuClavier, this, &RamelierApp::MontreMenuSurgissant);
     connect(doc, &RamelierDoc::autoriseAnnulation, this, &RamelierApp::slotAutoriseAnnulation);
     connect(this, &RamelierApp::docChanged, view->vue(), &arbView::slotDocumentChanged);
 }

@@ -140,6 +140,8 @@ Q_SIGNALS:
 
 protected:
     void closeEvent(QCloseEvent *evenement) override;
+    void dragEnterEvent(QDragEnterEvent *evenement) override;
+    void dropEvent(QDropEvent *evenement) override;
     /// Offers to save unsaved work before the tree goes. Clears \a continuer when the user would rather keep it, or when
     /// the save did not succeed; never sets it.
     void proposeSauvegarde(bool *continuer);
@@ -157,6 +159,7 @@ private:
     void initToolBar();
     void initStatusBar();
     void ConstruitMenusSurgissants();
+    void MontreMenuSurgissant(int k, QPoint ici);
     void ConnecteLeDocument();
     /// Tells of the copies that programs left which ended against their user's will.
     void AnnonceLesCopiesDeSecours();
@@ -187,6 +190,10 @@ private:
     void ActiveCommandesArbre();
     void ActiveCommandesArbreSaufExport(bool active);
     void ActiveCommandesPersonne();
+    /// Opens fichierArbre, whatever was there; the user is told when it cannot be.
+    void ChargeLeFichierArbre();
+    /// Opens \a fichier, which was dropped here, as if it had been chosen in the dialog.
+    void OuvreLeFichierDepose(const QString &fichier);
     void MontreEchecDOuverture(const QString &status, const QString &texte);
     /// What is asked before a file is replaced, and said when it is not.
     struct RemplacementDe

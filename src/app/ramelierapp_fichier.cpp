@@ -89,6 +89,11 @@ void RamelierApp::slotFileOpen()
         Status(QStringLiteral("Echec à l'ouverture du fichier"), dureeMessage);
         return;
     }
+    ChargeLeFichierArbre();
+}
+
+void RamelierApp::ChargeLeFichierArbre()
+{
     if (!QFileInfo(fichierArbre).isFile()) {
         MontreEchecDOuverture(QStringLiteral("le fichier n'exite pas"),
                               QStringLiteral("Le fichier ") + fichierArbre + QStringLiteral(" n'existe pas"));

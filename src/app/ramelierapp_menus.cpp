@@ -67,10 +67,15 @@ void RamelierApp::ConstruitMenusSurgissants()
              actAffFicheHTML, actEditFicheHTML, separateur, actAide});
 }
 
-void RamelierApp::slotMenuSurgissant(int k)
+void RamelierApp::MontreMenuSurgissant(int k, QPoint ici)
 {
     if (k == 0)
-        popupGeneral->popup(QCursor::pos());
+        popupGeneral->popup(ici);
     else if (k == 1)
-        popupPersonne->popup(QCursor::pos());
+        popupPersonne->popup(ici);
+}
+
+void RamelierApp::slotMenuSurgissant(int k)
+{
+    MontreMenuSurgissant(k, QCursor::pos());
 }

@@ -1,5 +1,6 @@
 #include "arbre.h"
 
+#include "annuaire.h"
 #include "indexdessin.h"
 #include "infopersonne.h"
 #include "personne.h"

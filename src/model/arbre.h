@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 
+class Annuaire;
 class IndexDessin;
 class InfoPersonne;
 class Personne;
@@ -56,6 +57,12 @@ public:
     /// Changes the selection after a click at the pixel (\a px, \a py); true when it changed. A click beside every box
     /// clears the selection, a click in the selected box leaves it.
     bool DeselectSelect(long px, long py, float sx, float sy, const FormatsDessins &formats);
+    /// Selects \a personne, of this tree, in the place of whoever was; true when the selection changed.
+    bool Selectionne(Personne *personne);
+    /// Whom a click at that pixel selects; none beside every box.
+    [[nodiscard]] Personne *PersonneSous(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
+    /// The persons by place, number and name; made when it is first asked for after somebody came or went.
+    [[nodiscard]] const Annuaire &SonAnnuaire() const;
 
     /// Draws every person in list order, then the links. Where the painter clips, what lies outside is skipped: the
     /// picture is the same. See Personne::Affiche for the arguments.
@@ -87,7 +94,6 @@ public:
     Personne *enfantSansMere = nullptr;  ///< the child that lost its mother, for undo
 
 private:
-    [[nodiscard]] Personne *PersonneSous(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
     void Insere(Personne *personne, Personne *depuis);
     void RetrouveSesParents(Personne *personne);
     void DetacheDeSonEnfant(const Personne *parent);
@@ -95,5 +101,6 @@ private:
                   const std::function<void(const Bloc &)> &visite) const;
 
     std::unique_ptr<IndexDessin> index;
+    mutable std::unique_ptr<Annuaire> annuaire;
     std::optional<MesuresDisposition> mesuresDesPlaces;
 };

@@ -1,3 +1,4 @@
+#include "annuaire.h"
 #include "arbre.h"
 #include "indexdessin.h"
 #include "infopersonne.h"
@@ -12,6 +13,7 @@ void Arbre::NoteLesPlaces(std::optional<MesuresDisposition> mesures)
 void Arbre::OublieLesPlaces()
 {
     index.reset();
+    annuaire.reset();
 }
 
 bool Arbre::EstPlaceAvec(const MesuresDisposition &mesures) const
@@ -25,6 +27,15 @@ void Arbre::TextesChanges(const Personne &personne)
         personne.info->OublieMesure();
     if (index)
         index->TextesChanges(personne);
+    if (annuaire)
+        annuaire->TextesChanges(personne);
+}
+
+const Annuaire &Arbre::SonAnnuaire() const
+{
+    if (!annuaire)
+        annuaire = std::make_unique<Annuaire>(*this);
+    return *annuaire;
 }
 
 void Arbre::Parcourt(const std::function<bool(const Bloc &)> &question,

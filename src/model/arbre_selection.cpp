@@ -41,3 +41,15 @@ bool Arbre::DeselectSelect(long px, long py, float sx, float sy, const FormatsDe
         selection->selectionnee = true;
     return selection || avaitUneSelection;
 }
+
+bool Arbre::Selectionne(Personne *personne)
+{
+    if (selection == personne)
+        return false;
+    if (selection)
+        selection->selectionnee = false;
+    selection = personne;
+    if (selection)
+        selection->selectionnee = true;
+    return true;
+}

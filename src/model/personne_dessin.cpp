@@ -118,6 +118,13 @@ bool DessineSansCopie(QPainter &peintre, QPoint coin, const QImage &photo, QSize
     return true;
 }
 
+/// How many points of a photo's copy on the screen go to one of the painter's. A chart that is shown larger has copies
+/// twice as fine, and no finer: those of many persons must not fill the memory.
+qreal FinesseALEcran(const QPainter &peintre)
+{
+    return peintre.device()->devicePixelRatio() * (peintre.transform().m11() > 1.0 ? 2.0 : 1.0);
+}
+
 }  // namespace
 
 QRect Personne::Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
@@ -169,14 +176,15 @@ void Personne::AffichePhoto(QPainter *painter, float sx, float sy, bool impressi
         EntierBorne((double(formats.intervCadrePhoto) + formats.epaisseurTraits) * sx, -1'000'000, 1'000'000);
     const QPoint coin(Coordonnee(x + largeur + ecart), Coordonnee(y));
     // A screen may have several of its own pixels to one of ours: the copy is as fine as the screen.
-    const qreal finesse = impression ? 1.0 : painter->device()->devicePixelRatio();
+    const qreal finesse = impression ? 1.0 : FinesseALEcran(*painter);
     const QSize cadre = CadreDeLaPhoto(info->photo, static_cast<long>(double(largeur) * finesse),
                                        static_cast<long>(double(hauteur) * finesse));
     if (DessineSansCopie(*painter, coin, info->photo, cadre, finesse))
         return;
     const int etatVoulu = impression ? InfoPersonne::PhotoPourImpression : InfoPersonne::PhotoPourEcran;
     QImage &copie = impression ? info->photoImpression : info->photoEcran;
-    if (info->etatPhoto != etatVoulu) {
+    const bool autreFinesse = !info->photo.isNull() && !copie.isNull() && copie.devicePixelRatio() != finesse;
+    if (info->etatPhoto != etatVoulu || autreFinesse) {
         info->photoEcran = info->photoImpression = QImage();  // the other one is not valid any more either
         copie =
             info->photo.isNull() ? QImage() : info->photo.scaled(cadre, Qt::KeepAspectRatio, Qt::SmoothTransformation);

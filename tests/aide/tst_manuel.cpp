@@ -277,7 +277,7 @@ void TestManuel::leManuelNAAucunDefaut_data()
 {
     QTest::addColumn<QString>("dossier");
     QTest::addColumn<int>("pagesAuMoins");
-    QTest::newRow("tout le manuel") << QStringLiteral(RAMELIER_MANUEL) << 18;
+    QTest::newRow("tout le manuel") << QStringLiteral(RAMELIER_MANUEL) << 19;
     // It is also installed alone, for the editor on its own.
     QTest::newRow("celui de l'éditeur seul") << QStringLiteral(RAMELIER_MANUEL "/editeur") << 1;
 }

@@ -49,6 +49,30 @@ void TestMillionOuvert::ouvreDessineEtEnregistre()
     QCOMPARE(image.pixelColor(56 + 56, 56), QColor(Qt::black));
     QCOMPARE(fenetre->view->vue()->size(), QSize(16'777'215, 56 + 19 * 215 + 158 + 56));
 
+    // The keys reach everybody: the last one by its number, its child below, and the root; in every size.
+    arbView *dessin = fenetre->view->vue();
+    const auto choisie = [arbre, dessin, &fenetre](quint64 numero) {
+        const QRect vue = fenetre->view->viewport()->rect();
+        return arbre->selection && arbre->selection->numero == numero
+            && vue.contains(dessin->PlaceDe(*arbre->selection).translated(dessin->pos()));
+    };
+    QTest::keyClicks(dessin, QStringLiteral("1048575"));
+    QVERIFY(choisie(1'048'575));
+    QTest::keyClick(dessin, Qt::Key_Down);
+    QVERIFY(choisie(524'287));
+    QTest::keyClick(dessin, Qt::Key_Left);
+    QVERIFY(choisie(524'286));
+    QTest::keyClick(dessin, Qt::Key_Home);
+    QVERIFY(choisie(1));
+    QTest::keyClicks(dessin, QStringLiteral("n700001"));
+    QVERIFY(choisie(700'001));
+    for (int i = 0; i < 10; ++i)
+        QTest::keyClick(dessin, Qt::Key_Minus, Qt::ControlModifier);
+    QVERIFY(choisie(700'001));
+    QTest::keyClick(dessin, Qt::Key_Home);
+    QVERIFY(choisie(1));
+    QCOMPARE(arbre->premiere->y, 56 + 19 * 215);
+
     fenetre->slotFileSave();
     // Only the count of persons is longer: six digits more.
     QCOMPARE(QFileInfo(QString::fromLocal8Bit(chemin)).size(), taille + 6);

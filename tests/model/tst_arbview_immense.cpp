@@ -31,6 +31,11 @@ private Q_SLOTS:
     void laPositionResteQuandLaFenetreChange();
     void unPetitArbreReprendSaPlace();
     void unCanevasPlusHautQuUnWidget();
+    void chacunSeVoitEtSeCliqueDeToutesLesTailles_data();
+    void chacunSeVoitEtSeCliqueDeToutesLesTailles();
+    void leZoomGardeLaPlaceDuPointeur();
+    void lesBarresBornentLeZoom();
+    void lesTouchesMenentDUnBoutALAutre();
 
 private:
     void Montre(std::unique_ptr<Arbre> arbre);
@@ -38,6 +43,7 @@ private:
     [[nodiscard]] QPoint DansLaVue(const Personne &personne) const;
     [[nodiscard]] bool SeVoit(const Personne &personne);
     [[nodiscard]] quint64 NumeroClique(const Personne &personne);
+    [[nodiscard]] QPoint Position() const;
 
     std::unique_ptr<RamelierDoc> doc;
     std::unique_ptr<RamelierView> vue;
@@ -173,6 +179,111 @@ void TestArbViewImmense::unCanevasPlusHautQuUnWidget()
         Defile(*personne);
         QVERIFY(SeVoit(*personne));
         QCOMPARE(NumeroClique(*personne), numero);
+    }
+}
+
+QPoint TestArbViewImmense::Position() const
+{
+    return {vue->horizontalScrollBar()->value(), vue->verticalScrollBar()->value()};
+}
+
+void TestArbViewImmense::chacunSeVoitEtSeCliqueDeToutesLesTailles_data()
+{
+    QTest::addColumn<int>("cran");
+    for (const int cran : {-10, -7, -4, -3, -1, 1, 3, 6})
+        QTest::addRow("%d", cran) << cran;
+}
+
+void TestArbViewImmense::chacunSeVoitEtSeCliqueDeToutesLesTailles()
+{
+    QFETCH(const int, cran);
+    arbView *dessin = vue->vue();
+    dessin->PrendLeZoom(Zoom(cran));
+    const double facteur = Zoom(cran).Facteur();
+    QCOMPARE(vue->horizontalScrollBar()->maximum(),
+             int(Zoom(cran).Longueur(doc->largeurCanevas)) - vue->viewport()->width());
+    for (const quint64 numero : {1, 32, 40, 47, 48, 62, 63}) {
+        const Personne *personne = Trouve(*doc->arbre, numero);
+        for (const int decalage : {250, 20, 400}) {
+            vue->horizontalScrollBar()->setValue(static_cast<int>(double(personne->x) * facteur) - decalage);
+            vue->verticalScrollBar()->setValue(static_cast<int>(double(personne->y) * facteur) - 100);
+            const QRect place = dessin->PlaceDe(*personne);
+            const QImage image = dessin->grab(place.adjusted(-8, -8, 8, 8)).toImage();
+            int rouge = 255;
+            for (int x = 6; x < 11; ++x)
+                rouge = qMin(rouge, image.pixelColor(x, image.height() / 2).green());
+            QVERIFY2(rouge < 200, qPrintable(QString::number(rouge)));
+            QCOMPARE(image.pixelColor(1, image.height() / 2), QColor(Qt::white));
+            QTest::mouseClick(dessin, Qt::LeftButton, {}, place.topLeft() - QPoint(3, 3));
+            QVERIFY(!doc->arbre->selection);
+            QTest::mouseClick(dessin, Qt::LeftButton, {}, place.center());
+            QCOMPARE(doc->arbre->selection, personne);
+            doc->arbre->Selectionne(nullptr);
+        }
+    }
+    dessin->PrendLeZoom(Zoom());
+    const Personne *personne = Trouve(*doc->arbre, 63);
+    Defile(*personne);
+    QVERIFY(SeVoit(*personne));
+    QCOMPARE(NumeroClique(*personne), 63U);
+}
+
+void TestArbViewImmense::leZoomGardeLaPlaceDuPointeur()
+{
+    const Personne *personne = Trouve(*doc->arbre, 60);
+    Defile(*personne);
+    const QPoint avant = Position();
+    const QPoint pointeur(310, 250);
+    QCursor::setPos(vue->viewport()->mapToGlobal(pointeur));
+    // Small enough for one widget, and back.
+    for (int i = 0; i < 6; ++i)
+        QTest::keyClick(vue.get(), Qt::Key_Minus, Qt::ControlModifier);
+    QCOMPARE(vue->vue()->SonZoom().Cran(), -6);
+    QVERIFY(vue->vue()->width() < plusGrandWidget);
+    const double facteur = Zoom(-6).Facteur();
+    const QPointF ecart = QPointF(Position() + pointeur) - QPointF(avant + pointeur) * facteur;
+    QVERIFY(qAbs(ecart.x()) < 8);
+    for (int i = 0; i < 6; ++i)
+        QTest::keyClick(vue.get(), Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(vue->vue()->width(), plusGrandWidget);
+    QVERIFY(qAbs(Position().x() - avant.x()) < 40);
+    vue->verticalScrollBar()->setValue(0);
+    QVERIFY(SeVoit(*personne));
+}
+
+void TestArbViewImmense::lesBarresBornentLeZoom()
+{
+    // About a thousand million pixels: at more than twice that scroll bars cannot count any more.
+    Montre(ArbreComplet(11));
+    QVERIFY(doc->largeurCanevas > 1'000'000'000);
+    for (int i = 0; i < 8; ++i)
+        QTest::keyClick(vue.get(), Qt::Key_Plus, Qt::ControlModifier);
+    QCOMPARE(vue->vue()->SonZoom().Cran(), 3);
+    QCOMPARE(long(vue->horizontalScrollBar()->maximum()),
+             Zoom(3).Longueur(doc->largeurCanevas) - vue->viewport()->width());
+    for (const Qt::Key touche : {Qt::Key_2, Qt::Key_0, Qt::Key_0, Qt::Key_0})
+        QTest::keyClick(vue->vue(), touche);
+    QCOMPARE(doc->arbre->selection, Trouve(*doc->arbre, 2000));
+    const QRect place = vue->vue()->PlaceDe(*doc->arbre->selection).translated(vue->vue()->pos());
+    QVERIFY(vue->viewport()->rect().contains(place));
+}
+
+void TestArbViewImmense::lesTouchesMenentDUnBoutALAutre()
+{
+    const auto va = [this](Qt::Key touche, quint64 numero) {
+        QTest::keyClick(vue->vue(), touche);
+        QCOMPARE(doc->arbre->selection, Trouve(*doc->arbre, numero));
+        QVERIFY(vue->viewport()->rect().contains(
+            vue->vue()->PlaceDe(*doc->arbre->selection).translated(vue->vue()->pos())));
+    };
+    for (const int cran : {0, -3, 2}) {
+        vue->vue()->PrendLeZoom(Zoom(cran));
+        va(Qt::Key_Home, 1);
+        for (const quint64 numero : {2, 4, 8, 16, 32})
+            va(Qt::Key_Up, numero);
+        for (quint64 numero = 33; numero <= 63; ++numero)
+            va(Qt::Key_Right, numero);
+        va(Qt::Key_Down, 31);
     }
 }
 

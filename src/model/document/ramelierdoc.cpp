@@ -60,8 +60,18 @@ void RamelierDoc::initPolicesEtTraitsMini()
 
 void RamelierDoc::DeselectSelect(long px, long py, float echelleX, float echelleY)
 {
-    if (!arbre || !arbre->DeselectSelect(px, py, echelleX, echelleY, formats))
-        return;
+    if (arbre && arbre->DeselectSelect(px, py, echelleX, echelleY, formats))
+        AnnonceLaSelection();
+}
+
+void RamelierDoc::Selectionne(Personne *personne)
+{
+    if (arbre && arbre->Selectionne(personne))
+        AnnonceLaSelection();
+}
+
+void RamelierDoc::AnnonceLaSelection()
+{
     Q_EMIT documentChanged(2);
     Q_EMIT personneSelectionnee(arbre->selection ? 1 : 0);
 }

@@ -94,6 +94,8 @@ public:
     /// Hands a click (pixels, at these scales) to the tree. When the selection changed: documentChanged(2), then
     /// personneSelectionnee with 1 or 0.
     void DeselectSelect(long px, long py, float echelleX, float echelleY);
+    /// Selects \a personne, of the tree, and tells it as after a click on its box. Nothing when it is selected already.
+    void Selectionne(Personne *personne);
 
     /// Places every person for one pair of scales; see DisposeArbre.
     void PositionneLesPersonnes(float echelleX, float echelleY);
@@ -135,6 +137,7 @@ Q_SIGNALS:
     void autoriseAnnulation();
 
 private:
+    void AnnonceLaSelection();
     void SupprimeArbre();
     void SauveLesOptions(const QString &fichier);
     bool AbandonneLaCreation(QWidget *parent, const QString &titre, const QString &raison);

@@ -34,6 +34,7 @@ void EtendLaBarre(QScrollBar &barre, int longueur, int vus, int position)
 
 RamelierView::RamelierView(QWidget *parent, RamelierDoc *doc)
     : QScrollArea(parent)
+    , glissement(*this)
 {
     // A chart is drawn on paper: white with black lines whatever the desktop's colours are. Only the page and what is
     // written on it change; scroll bars and menus stay the desktop's.
@@ -51,7 +52,9 @@ RamelierView::RamelierView(QWidget *parent, RamelierDoc *doc)
     dessin = new arbView(this, doc);
     dessin->setPalette(papier);
     connect(dessin, &arbView::canevasMesure, this, &RamelierView::PrendLeCanevas);
+    connect(dessin, &arbView::aMontrer, this, &RamelierView::Montre);
     setWidget(dessin);
+    setFocusProxy(dessin);
 }
 
 void RamelierView::PrendLeCanevas(long largeur, long hauteur)

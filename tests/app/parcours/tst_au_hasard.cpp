@@ -23,11 +23,11 @@ constexpr int evenementsParDefaut = 3000;
 
 /// What a journey of this length must have done, each thing at least once.
 const QStringList gestesAttendus{
-    "sélectionner", "cliquer à côté", "double clic", "modifier", "père", "mère", "supprimer", "annuler",
-    "page de garde", "mode", "affichage", "formats", "polices", "préférences", "barres", "défilement", "taille",
-    "à propos", "qu'est-ce", "sauver", "sauver sous", "ouvrir", "nouveau", "imprimer", "importer", "réimporter",
-    "exporter", "assembler", "ouvrir un fichier abîmé", "assembler un arbre abîmé", "improviser", "afficher une fiche",
-    "éditer une fiche", "aide", "éditeur seul", "dans une fiche", "quitter",
+    "sélectionner", "cliquer à côté", "double clic", "flèche", "numéro", "modifier", "père", "mère", "supprimer",
+    "annuler", "page de garde", "mode", "affichage", "formats", "polices", "préférences", "barres", "défilement",
+    "taille", "à propos", "qu'est-ce", "sauver", "sauver sous", "ouvrir", "nouveau", "imprimer", "importer",
+    "réimporter", "exporter", "assembler", "ouvrir un fichier abîmé", "assembler un arbre abîmé", "improviser",
+    "afficher une fiche", "éditer une fiche", "aide", "éditeur seul", "dans une fiche", "quitter",
     // In a sheet.
     "taper", "effacer", "déplacer", "annuler la frappe", "presse-papier", "écraser", "chercher", "remplacer",
     "chercher encore", "sauver la fiche", "fermer la fiche", "montrer la fiche", "police de la fiche",
@@ -45,6 +45,9 @@ const QStringList faitsAttendus{"ajoutée",
                                 "remise",
                                 "page changée",
                                 "à côté",
+                                "flèche suivie",
+                                "bout de l'arbre",
+                                "numéro tapé",
                                 "par le menu",
                                 "consultation",
                                 "édition",

@@ -58,6 +58,8 @@ QList<Utilisateur::DefGeste> Utilisateur::Gestes() const
         {"sélectionner", &Moi::SelectionnePersonne, profil.selectionner * 10},
         {"cliquer à côté", &Moi::CliqueACote, profil.selectionner},
         {"double clic", &Moi::DoubleClique, profil.selectionner},
+        {"flèche", &Moi::SuitUneFleche, profil.selectionner * 2},
+        {"numéro", &Moi::TapeUnNumero, profil.selectionner},
         {"modifier", &Moi::Modifie, profil.modifier * 10},
         {"père", &Moi::AjouteUnPere, profil.ajouter * (plein ? 1 : 6)},
         {"mère", &Moi::AjouteUneMere, profil.ajouter * (plein ? 1 : 6)},

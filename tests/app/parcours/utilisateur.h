@@ -91,6 +91,8 @@ private:
     /// Who would take a click at \a point.
     [[nodiscard]] QList<quint64> Occupants(QPoint point) const;
     void MontreEtClique(QPoint point);
+    void SuitUneFleche();
+    void TapeUnNumero();
     /// Runs \a action as a user may: by the context menu under the mouse or by its shortcut, menu or button.
     void Lance(QAction *action);
     void LanceParLeMenu(QAction *action);
