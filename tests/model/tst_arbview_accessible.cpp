@@ -322,7 +322,5 @@ void TestArbViewAccessible::laListeSurvitASonDessin()
     QVERIFY(!QAccessible::accessibleInterface(enfant));
 }
 
-Q_DECLARE_METATYPE(InfoPersonne)
-
 RAMELIER_TEST_MAIN(QApplication, TestArbViewAccessible)
 #include "tst_arbview_accessible.moc"
