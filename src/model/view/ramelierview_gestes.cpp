@@ -60,10 +60,10 @@ void RamelierView::Montre(const QRect &zone)
         PositionPourVoir(verticalScrollBar()->value(), zone.top(), zone.bottom() + 1, viewport()->height()));
 }
 
-// The drawing is all that can have the keyboard here: there is nothing to scroll to.
+// The drawing is all that can have the keyboard here: there is nothing to scroll to, as a scroll area would.
 bool RamelierView::focusNextPrevChild(bool suivant)
 {
-    return QWidget::focusNextPrevChild(suivant);
+    return QWidget::focusNextPrevChild(suivant);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RamelierView::Agrandit(int crans, QPoint pivot)
