@@ -270,7 +270,7 @@ void TestArbViewClavier::laPersonneChoisieSeVoit()
     const auto va = [this, &vue](Qt::Key touche, Qt::KeyboardModifiers avec, quint64 numero) {
         Touche(touche, avec);
         QCOMPARE(Selection(), numero);
-        QVERIFY2(vue.contains(DansLaVue()), QTest::toString(DansLaVue()));
+        QVERIFY2(vue.contains(DansLaVue()), qPrintable(QDebug::toString(DansLaVue())));
     };
     for (const quint64 numero : {2, 4, 8, 16})
         va(Qt::Key_Up, {}, numero);

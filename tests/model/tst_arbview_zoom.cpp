@@ -122,7 +122,7 @@ void TestArbViewZoom::laMoletteAgranditAutourDuPointeur()
     QCOMPARE(zoom.Cran(), crans);
     QCOMPARE(essai->dessin->size(), QSize(int(zoom.Longueur(2490)), int(zoom.Longueur(1130))));
     const QPointF ecart = (SurPapier(pointeur) - avant) * zoom.Facteur();
-    QVERIFY2(ecart.manhattanLength() < 7, QTest::toString(ecart));
+    QVERIFY2(ecart.manhattanLength() < 7, qPrintable(QDebug::toString(ecart)));
     // As many back: the same chart, and the same part of it.
     for (int i = 0; i != crans; i += sens)
         Molette(pointeur, QPoint(0, -120 * sens));
@@ -308,7 +308,7 @@ void TestArbViewZoom::uneParDeLImageEstLaMeme()
             QRect(tire(taille.width()), tire(taille.height()), 1 + tire(90), 1 + tire(60)) & QRect(QPoint(), taille);
         const QImage partie = essai->dessin->grab(zone).toImage();
         const QRect sansBord = partie.rect().adjusted(bord, bord, -bord, -bord);
-        QVERIFY2(partie.copy(sansBord) == entiere.copy(zone).copy(sansBord), QTest::toString(zone));
+        QVERIFY2(partie.copy(sansBord) == entiere.copy(zone).copy(sansBord), qPrintable(QDebug::toString(zone)));
     }
 }
 

@@ -32,10 +32,13 @@ QSize TailleInitiale()
     return bureau.width() > 800 && bureau.height() > 600 ? QSize(800, 600) : QSize(600, 440);
 }
 
-QPoint PlaceVisible(QPoint place, QSize taille, const QList<QRect> &ecrans)
+QPoint PlaceVisible(QPoint voulue, QSize taille, const QList<QRect> &ecrans)
 {
+    // Further than any desk, and no sum of such numbers leaves the integers.
+    constexpr int loin = 1'000'000;
+    const QPoint place(qBound(-loin, voulue.x(), loin), qBound(-loin, voulue.y(), loin));
     const QRect titre(place, QSize(taille.width(), hauteurTitre));
-    QPoint meilleure = place;
+    QPoint meilleure = voulue;
     int distance = -1;
     for (const QRect &ecran : ecrans) {
         if (SePrend(titre, ecran))
@@ -50,11 +53,11 @@ QPoint PlaceVisible(QPoint place, QSize taille, const QList<QRect> &ecrans)
     return meilleure;
 }
 
-QPoint PlaceVisible(QPoint place, QSize taille)
+QPoint PlaceVisible(QPoint voulue, QSize taille)
 {
     QList<QRect> ecrans;
     const auto tous = QGuiApplication::screens();
     for (const QScreen *ecran : tous)
         ecrans += ecran->availableGeometry();
-    return PlaceVisible(place, taille, ecrans);
+    return PlaceVisible(voulue, taille, ecrans);
 }

@@ -65,6 +65,7 @@ void TestEcran::unePlaceInvisibleEstRamenee_data()
     QTest::newRow("sous le tableau de bord") << deux << QPoint(100, -20) << taille << QPoint(100, 24);
     QTest::newRow("le plus proche des deux") << deux << QPoint(-2500, 1500) << taille << QPoint(-1920, 750);
     QTest::newRow("loin") << unSeul << QPoint(2000000000, -2000000000) << taille << QPoint(624, 0);
+    QTest::newRow("au bout des entiers") << unSeul << QPoint(2147483647, -2147483647) << taille << QPoint(624, 0);
 }
 
 void TestEcran::unePlaceInvisibleEstRamenee()

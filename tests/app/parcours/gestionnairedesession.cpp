@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 // Not declared in any header: nobody listens to the network here.
 extern "C" void _IceTransNoListen(const char *protocole);
@@ -57,14 +58,7 @@ Status GestionnaireDeSession::NouveauClient(SmsConn connexion, SmPointer moi, un
                                   moi};
     appels->close_connection = {[](SmsConn c, SmPointer m, int nombre, char **raisons) {
                                     SmFreeReasons(nombre, raisons);
-                                    Moi(m).client = nullptr;
-                                    const IceConn dessous = SmsGetIceConnection(c);
-                                    Moi(m).connexions.removeAll(dessous);
-                                    delete Moi(m).findChild<QSocketNotifier *>(
-                                        QString::number(IceConnectionNumber(dessous)));
-                                    SmsCleanUp(c);
-                                    IceSetShutdownNegotiation(dessous, False);
-                                    IceCloseConnection(dessous);
+                                    Moi(m).Quitte(SmsGetIceConnection(c));
                                 },
                                 moi};
     appels->set_properties = {[](SmsConn, SmPointer, int nombre, SmProp **proprietes) {
@@ -99,11 +93,10 @@ GestionnaireDeSession::GestionnaireDeSession()
 
 GestionnaireDeSession::~GestionnaireDeSession()
 {
+    const QList<IceConn> ouvertes = connexions;
+    for (const IceConn connexion : ouvertes)
+        Quitte(connexion);
     qDeleteAll(findChildren<QSocketNotifier *>());
-    for (const IceConn connexion : std::as_const(connexions)) {
-        IceSetShutdownNegotiation(connexion, False);
-        IceCloseConnection(connexion);
-    }
     IceFreeListenObjs(nombreEcoutes, ecoutes);
 }
 
@@ -129,16 +122,23 @@ void GestionnaireDeSession::Accepte(IceListenObj ecoute)
     connexions += connexion;
     auto *avis = new QSocketNotifier(IceConnectionNumber(connexion), QSocketNotifier::Read, this);
     avis->setObjectName(QString::number(IceConnectionNumber(connexion)));
-    connect(avis, &QSocketNotifier::activated, this, [this, avis, connexion] {
-        if (IceProcessMessages(connexion, nullptr, nullptr) != IceProcessMessagesIOError)
-            return;
-        client = nullptr;
-        connexions.removeAll(connexion);
-        avis->setEnabled(false);
-        avis->deleteLater();
-        IceSetShutdownNegotiation(connexion, False);
-        IceCloseConnection(connexion);
+    connect(avis, &QSocketNotifier::activated, this, [this, connexion] {
+        if (IceProcessMessages(connexion, nullptr, nullptr) == IceProcessMessagesIOError)
+            Quitte(connexion);
     });
+}
+
+void GestionnaireDeSession::Quitte(IceConn connexion)
+{
+    if (client && SmsGetIceConnection(client) == connexion)
+        SmsCleanUp(std::exchange(client, nullptr));
+    connexions.removeAll(connexion);
+    auto *avis = findChild<QSocketNotifier *>(QString::number(IceConnectionNumber(connexion)));
+    avis->setEnabled(false);
+    avis->setObjectName(QString());
+    avis->deleteLater();
+    IceSetShutdownNegotiation(connexion, False);
+    IceCloseConnection(connexion);
 }
 
 void GestionnaireDeSession::FinitLaSession(bool questions)

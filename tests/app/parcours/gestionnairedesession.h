@@ -35,6 +35,8 @@ private:
                                 char **refus);
     static GestionnaireDeSession &Moi(SmPointer moi) { return *static_cast<GestionnaireDeSession *>(moi); }
     void Accepte(IceListenObj ecoute);
+    /// A program has gone.
+    void Quitte(IceConn connexion);
     void Ecoute();
 
     QString adresse;
