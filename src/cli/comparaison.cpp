@@ -1,8 +1,8 @@
 #include "comparaison.h"
 
 #include "arbre.h"
-#include "infopersonne.h"
 #include "personne.h"
+#include "textesnommes.h"
 
 #include <algorithm>
 #include <array>
@@ -37,32 +37,6 @@ QString NomDe(const Personne &personne)
     return nom.isEmpty() ? QStringLiteral("sans nom") : nom;
 }
 
-template <typename T> struct Champ
-{
-    const char *nom;
-    QString T::*texte;
-};
-
-constexpr std::array champsDesTitres{
-    Champ<InfoArbre>{"titre", &InfoArbre::titrearbre},
-    Champ<InfoArbre>{"créé par", &InfoArbre::creepar},
-    Champ<InfoArbre>{"date de création", &InfoArbre::date},
-    Champ<InfoArbre>{"mis à jour par", &InfoArbre::majpar},
-    Champ<InfoArbre>{"date de mise à jour", &InfoArbre::datemaj},
-};
-
-constexpr std::array champsDesPersonnes{
-    Champ<InfoPersonne>{"nom", &InfoPersonne::nom},
-    Champ<InfoPersonne>{"prénom", &InfoPersonne::prenom},
-    Champ<InfoPersonne>{"date de naissance", &InfoPersonne::datenaissance},
-    Champ<InfoPersonne>{"lieu de naissance", &InfoPersonne::lieunaissance},
-    Champ<InfoPersonne>{"date de décès", &InfoPersonne::datedeces},
-    Champ<InfoPersonne>{"lieu de décès", &InfoPersonne::lieudeces},
-    Champ<InfoPersonne>{"remarque", &InfoPersonne::divers},
-    Champ<InfoPersonne>{"fiche", &InfoPersonne::fichtml},
-    Champ<InfoPersonne>{"photo", &InfoPersonne::ficphoto},
-};
-
 struct Lien
 {
     const char *nom;
@@ -84,9 +58,9 @@ public:
     }
 
     template <typename T, std::size_t N>
-    void Textes(quint64 numero, const std::array<Champ<T>, N> &champs, const T &a, const T &b) const
+    void Textes(quint64 numero, const std::array<TexteNomme<T>, N> &champs, const T &a, const T &b) const
     {
-        for (const Champ<T> &champ : champs) {
+        for (const TexteNomme<T> &champ : champs) {
             if (a.*champ.texte != b.*champ.texte)
                 pourChacune({numero, QString::fromUtf8(champ.nom), a.*champ.texte, b.*champ.texte});
         }
@@ -94,7 +68,7 @@ public:
 
     void MemeNumero(const Personne &a, const Personne &b) const
     {
-        Textes(a.numero, champsDesPersonnes, TextesDe(a), TextesDe(b));
+        Textes(a.numero, textesDesPersonnes, TextesDe(a), TextesDe(b));
         for (const Lien &lien : liens) {
             if (a.*lien.numero != b.*lien.numero)
                 pourChacune({a.numero, QString::fromUtf8(lien.nom), QString::number(a.*lien.numero),
@@ -116,7 +90,7 @@ void Compare(const Arbre &a, const Arbre &b, bool avecTitres,
 {
     const Comparaison comparaison(pourChacune);
     if (avecTitres)
-        comparaison.Textes(0, champsDesTitres, *a.infoArbre, *b.infoArbre);
+        comparaison.Textes(0, textesDesTitres, *a.infoArbre, *b.infoArbre);
     const Personnes deA = ParNumero(a);
     const Personnes deB = ParNumero(b);
     auto placeA = deA.begin();

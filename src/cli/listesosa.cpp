@@ -1,7 +1,7 @@
 #include "listesosa.h"
 
 #include "arbre.h"
-#include "infopersonne.h"
+#include "identite.h"
 #include "personne.h"
 
 #include <QLocale>
@@ -10,15 +10,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-
-namespace {
-
-QString Ramene(const QString &texte)
-{
-    return texte.simplified().toCaseFolded();
-}
-
-}  // namespace
 
 ListeSosa::ListeSosa(const Arbre &arbre, int generationsVoulues)
 {
@@ -60,19 +51,6 @@ QString ParentsInconnus(const Personne &personne)
     if (personne.pere == 0)
         return QStringLiteral("père");
     return personne.mere == 0 ? QStringLiteral("mère") : QString();
-}
-
-QString Identite(const Personne &personne)
-{
-    if (!personne.info)
-        return {};
-    const InfoPersonne &info = *personne.info;
-    const QString noms = Ramene(info.nom) + u'\n' + Ramene(info.prenom);
-    const QString naissance = Ramene(info.datenaissance) + u'\n' + Ramene(info.lieunaissance);
-    // A surname alone, or a name without a birth, is borne by many.
-    if (info.nom.isEmpty() || info.prenom.isEmpty() || naissance.size() == 1)
-        return {};
-    return noms + u'\n' + naissance;
 }
 
 QString Pourcentage(double part)

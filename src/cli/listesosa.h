@@ -43,10 +43,6 @@ private:
 /// Which parents are not in the tree: "père", "mère", "père et mère", or nothing.
 [[nodiscard]] QString ParentsInconnus(const Personne &personne);
 
-/// Who somebody is, for finding that person at another number (implexe): names with a date or place of birth. Empty when that
-/// is not known well enough. Capitals and blanks around do not count.
-[[nodiscard]] QString Identite(const Personne &personne);
-
 /// "50 %" or "0,2 %": at most one decimal.
 [[nodiscard]] QString Pourcentage(double part);
 

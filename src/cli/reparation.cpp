@@ -4,31 +4,19 @@
 #include "arbrelu.h"
 #include "coherence.h"
 #include "formexrlg.h"
-#include "infopersonne.h"
 #include "lecturesilencieuse.h"
 #include "personne.h"
+#include "textesnommes.h"
 
 #include <QBuffer>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace {
-
-constexpr std::array textesTitre{&InfoArbre::titrearbre, &InfoArbre::creepar, &InfoArbre::date, &InfoArbre::majpar,
-                                 &InfoArbre::datemaj};
-constexpr std::array nomsTitre{"titre", "créé par", "date", "mis à jour par", "date de mise à jour"};
-constexpr std::array textesPersonne{
-    &InfoPersonne::nom,           &InfoPersonne::prenom,    &InfoPersonne::datenaissance,
-    &InfoPersonne::lieunaissance, &InfoPersonne::datedeces, &InfoPersonne::lieudeces,
-    &InfoPersonne::divers,        &InfoPersonne::fichtml,   &InfoPersonne::ficphoto};
-constexpr std::array nomsPersonne{"nom",           "prénoms",       "date de naissance", "lieu de naissance",
-                                  "date de décès", "lieu de décès", "remarque",          "fiche",
-                                  "photo"};
 
 QString De(const char *texte)
 {
@@ -61,7 +49,8 @@ private:
     void LitLesTitres(const FormeXRLG::Titres &titres)
     {
         for (std::size_t i = 0; i < titres.size(); ++i)
-            arbre.infoArbre->*textesTitre.at(i) = Texte(titres.at(i), QStringLiteral("page de garde"), nomsTitre.at(i));
+            arbre.infoArbre->*textesDesTitres.at(i).texte =
+                Texte(titres.at(i), QStringLiteral("page de garde"), textesDesTitres.at(i).nom);
     }
 
     void LitLaPersonne(const PersonneXRLG &lue)
@@ -74,7 +63,8 @@ private:
         personne->info = new InfoPersonne;
         const QString qui = QStringLiteral("n° %1").arg(lue.nombres.numero);
         for (std::size_t i = 0; i < lue.textes.size(); ++i)
-            personne->info->*textesPersonne.at(i) = Texte(lue.textes.at(i), qui, nomsPersonne.at(i));
+            personne->info->*textesDesPersonnes.at(i).texte =
+                Texte(lue.textes.at(i), qui, textesDesPersonnes.at(i).nom);
         if (lue.douteuse)
             faits += qui + QStringLiteral(" : ses textes peuvent se lire de plusieurs façons, à vérifier");
         arbre.AjouteALaFin(personne.release());
@@ -148,8 +138,8 @@ void CorrigeLesNombres(Arbre &arbre, const Comptes &ecrits, QStringList &faits)
 
 bool MemesTextes(const InfoPersonne &une, const InfoPersonne &autre)
 {
-    return std::all_of(textesPersonne.begin(), textesPersonne.end(),
-                       [&](auto champ) { return une.*champ == autre.*champ; });
+    return std::all_of(textesDesPersonnes.begin(), textesDesPersonnes.end(),
+                       [&](const auto &champ) { return une.*champ.texte == autre.*champ.texte; });
 }
 
 bool EstLaMeme(const Personne &une, const Personne &autre)
@@ -169,8 +159,9 @@ bool EstLeMeme(const Arbre &voulu, const Arbre &relu)
     }
     return !autre && relu.nombrePersonnes == 2 * voulu.nombrePersonnes
         && relu.nombreGenerations == voulu.nombreGenerations
-        && std::all_of(textesTitre.begin(), textesTitre.end(),
-                       [&](auto champ) { return voulu.infoArbre->*champ == relu.infoArbre->*champ; });
+        && std::all_of(textesDesTitres.begin(), textesDesTitres.end(), [&](const auto &champ) {
+               return voulu.infoArbre->*champ.texte == relu.infoArbre->*champ.texte;
+           });
 }
 
 /// The file as the program would read it, if it can be brought to that without a change to its texts: whole again, and each

@@ -1,5 +1,6 @@
 #include "arbre.h"
 #include "coherence.h"
+#include "identite.h"
 #include "infopersonne.h"
 #include "personne.h"
 #include "verification.h"
@@ -112,15 +113,11 @@ private:
 
     [[nodiscard]] bool EstLa(const QString &nom) const { return QFileInfo(dossier + u'/' + nom).isFile(); }
 
-    /// Only who has both names and a birth can be told from a namesake.
     void ChercheUnImplexe(const Personne &personne)
     {
-        const InfoPersonne &info = *personne.info;
-        if (info.nom.isEmpty() || info.prenom.isEmpty() || info.datenaissance.isEmpty())
+        const QString cle = Identite(personne);
+        if (cle.isEmpty())
             return;
-        const QString cle = info.nom.simplified().toCaseFolded() + u'\n' + info.prenom.simplified().toCaseFolded()
-            + u'\n' + info.datenaissance.simplified().toCaseFolded() + u'\n'
-            + info.lieunaissance.simplified().toCaseFolded();
         const auto connue = identites.constFind(cle);
         if (connue == identites.cend()) {
             identites.insert(cle, personne.numero);
@@ -128,7 +125,7 @@ private:
             surConstat({.gravite = Constat::Gravite::Remarque,
                         .texte = QStringLiteral("même personne que le n° %1 (implexe) : %2, %3")
                                      .arg(*connue)
-                                     .arg(Nom(personne), info.datenaissance),
+                                     .arg(Nom(personne), personne.info->datenaissance),
                         .numero = personne.numero});
         }
     }

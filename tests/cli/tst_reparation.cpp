@@ -292,7 +292,7 @@ void TestReparation::plusieursLecturesSeDisent()
     arbre->premiere->info->nom = "A</nom>\n        <prenom>B";
     arbre->premiere->info->prenom = "C";
     QCOMPARE(RepareXRLG(OctetsDe(*arbre)).faits,
-             (QStringList{"n° 1, prénoms : texte protégé",
+             (QStringList{"n° 1, prénom : texte protégé",
                           "n° 1 : ses textes peuvent se lire de plusieurs façons, à vérifier"}));
 }
 
