@@ -7,7 +7,7 @@
 /// What became of a run of the built companion.
 struct Resultat
 {
-    int code = -1;  ///< its exit status; -1 when it crashed
+    int code = -1;  ///< its exit status; -1 when it crashed or did not end
     QString sortie;
     QString erreur;
 };
@@ -16,7 +16,7 @@ inline Resultat Execute(const QStringList &arguments)
 {
     QProcess programme;
     programme.start(QStringLiteral(RAMELIER_CLI), arguments);
-    programme.waitForFinished(60000);
-    return {programme.exitStatus() == QProcess::NormalExit ? programme.exitCode() : -1,
-            QString::fromUtf8(programme.readAllStandardOutput()), QString::fromUtf8(programme.readAllStandardError())};
+    const bool fini = programme.waitForFinished(60000) && programme.exitStatus() == QProcess::NormalExit;
+    return {fini ? programme.exitCode() : -1, QString::fromUtf8(programme.readAllStandardOutput()),
+            QString::fromUtf8(programme.readAllStandardError())};
 }
