@@ -2,8 +2,6 @@
 
 #include "tableactions.h"
 
-#include <QWhatsThis>
-
 void RamelierApp::initActions()
 {
     using App = RamelierApp;
@@ -89,6 +87,6 @@ void RamelierApp::initActions()
          "A propos de Qt\n\nA propos de l'outil de développement l'application", &App::slotHelpAboutQt},
     };
     CreeActions(this, actions);
-    actWhatsThis = QWhatsThis::createAction(this);
+    actWhatsThis = NouvelleActionQuEstCe(this);
     resetMenus();
 }

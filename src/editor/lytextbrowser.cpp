@@ -15,7 +15,6 @@
 #include <QScreen>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QWhatsThis>
 
 LyTextBrowser::LyTextBrowser(const QIcon &icone, const QString &titreDeBase, const QString &fichier, bool commeHtml)
     : navigateur(new NavigateurFiche(this))
@@ -69,7 +68,7 @@ void LyTextBrowser::initActions()
     actViewToolBar->setCheckable(true);
     actViewToolBar->setChecked(true);
     connect(actViewToolBar, &QAction::triggered, this, &LyTextBrowser::slotViewToolBar);
-    actWhatsThis = QWhatsThis::createAction(this);
+    actWhatsThis = NouvelleActionQuEstCe(this);
 }
 
 void LyTextBrowser::initMenus()

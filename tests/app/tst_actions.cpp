@@ -146,11 +146,10 @@ void TestActions::uneActionPorteSonIcone_data()
         {QStringLiteral("actFileSave"), QStringLiteral(":/images/filesave.png")},
         {QStringLiteral("actFilePrint"), QStringLiteral(":/images/printer.png")},
         {QStringLiteral("actModeTravail"), QStringLiteral(":/images/consedit.png")},
+        {QStringLiteral("actWhatsThis"), QStringLiteral(":/images/questceque.png")},
     };
-    for (const ActionNommee &action : ActionsNommees()) {
-        if (action.membre != &RamelierApp::actWhatsThis)
-            QTest::newRow(qPrintable(action.nom)) << action.membre << icones.value(action.nom);
-    }
+    for (const ActionNommee &action : ActionsNommees())
+        QTest::newRow(qPrintable(action.nom)) << action.membre << icones.value(action.nom);
 }
 
 void TestActions::uneActionPorteSonIcone()

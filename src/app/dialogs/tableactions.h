@@ -19,6 +19,10 @@ template <typename Fenetre> struct DefAction
 [[nodiscard]] QAction *NouvelleAction(QObject *parent, const char *texte, const char *raccourci, const char *icone,
                                       const char *status, const char *quEstCe);
 
+/// The toolkit's What's This action, under an icon that is sharp on every screen and shows on every theme. Belongs to
+/// \a parent.
+[[nodiscard]] QAction *NouvelleActionQuEstCe(QObject *parent);
+
 /// Makes every action of \a table for \a fenetre, which owns them, and connects them.
 template <typename Fenetre, std::size_t nombre>
 void CreeActions(Fenetre *fenetre, const DefAction<Fenetre> (&table)[nombre])
