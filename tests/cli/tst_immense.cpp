@@ -110,7 +110,7 @@ void TestImmense::assembler()
 
 void TestImmense::dessiner()
 {
-    const Resultat resultat = Execute({"dessiner", immense, Chemin("immense.pdf"), "--generations", "14"});
+    const Resultat resultat = Execute({"dessiner", immense, Chemin("immense.pdf"), "--generations", "12"});
     QCOMPARE(resultat.erreur, QString());
     QCOMPARE(resultat.code, 0);
     QVERIFY(Contenu("immense.pdf").startsWith("%PDF-"));
