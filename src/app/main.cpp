@@ -1,4 +1,3 @@
-#include "copiedesecours.h"
 #include "demarrage.h"
 #include "findesession.h"
 #include "ramelierapp.h"
@@ -13,8 +12,8 @@ int main(int argc, char **argv)
     PrepareLApplication(application, QStringLiteral("ramelier"));
     auto *fenetre = new RamelierApp(argc, argv);
     const auto metEnSurete = [fenetre = QPointer(fenetre)] {
-        if (fenetre && fenetre->secours)
-            fenetre->secours->EcritEtGarde();
+        if (fenetre)
+            fenetre->MetEnSurete();
     };
     const SignauxDeFin signaux(metEnSurete);
     FinDeSession::Surveille(

@@ -2,6 +2,7 @@
 
 #include "arbview.h"
 #include "copiedesecours.h"
+#include "copiesretrouvees.h"
 #include "ecran.h"
 #include "lytextedit.h"
 #include "placedesecours.h"
@@ -16,8 +17,6 @@
 #include <QMenu>
 #include <QSettings>
 #include <QStatusBar>
-
-#include <cstdio>
 
 namespace {
 
@@ -85,18 +84,7 @@ void RamelierApp::AnnonceLesCopiesDeSecours()
 {
     QStringList copies = CopiesRetrouvees();
     copies.removeAll(QFileInfo(doc->nomFichier).absoluteFilePath());
-    for (const QString &copie : copies)
-        std::fprintf(stderr, "Une copie de secours a été retrouvée : %s\n", QFile::encodeName(copie).constData());
-    if (copies.isEmpty())
-        return;
-    if (copies.size() == 1)
-        Status(QStringLiteral("Une copie de secours a été retrouvée : ") + copies.constFirst());
-    else
-        Status(QString::number(copies.size())
-               + QStringLiteral(" copies de secours ont été retrouvées, la plus récente : ") + copies.constFirst());
-    // A small window cuts the path: under the mouse it is whole, for as long as the message stands.
-    statusBar()->setToolTip(statusBar()->currentMessage());
-    connect(statusBar(), &QStatusBar::messageChanged, this, [this] { statusBar()->setToolTip(QString()); });
+    AnnonceLesCopies(copies, *statusBar());
 }
 
 void RamelierApp::initStatusBar()

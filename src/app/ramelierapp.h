@@ -89,6 +89,8 @@ public:
     void MaJStatusBarreInfoModif();
     /// The desktop's session ends: offers to save the tree and every sheet; false when the user stays.
     [[nodiscard]] bool PeutFinirLaSession();
+    /// The program ends against its user's will: the unsaved work goes into rescue copies.
+    void MetEnSurete();
     void readSettings();
     void writeSettings();
 

@@ -1,5 +1,6 @@
 #include "ramelierapp.h"
 
+#include "copiedesecours.h"
 #include "lytextedit.h"
 
 bool RamelierApp::PeutFinirLaSession()
@@ -8,4 +9,11 @@ bool RamelierApp::PeutFinirLaSession()
     if (isVisible() && TravailNonSauve() && !queryExit())
         return false;
     return LyTextEdit::TousPeuventFermer();
+}
+
+void RamelierApp::MetEnSurete()
+{
+    if (secours)
+        secours->EcritEtGarde();
+    LyTextEdit::MetLesFichesEnSurete();
 }

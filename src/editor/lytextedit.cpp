@@ -1,5 +1,6 @@
 #include "lytextedit.h"
 
+#include "copiedefiche.h"
 #include "ecran.h"
 #include "highlighterhtml.h"
 #include "lytextbrowser.h"
@@ -54,11 +55,14 @@ LyTextEdit::LyTextEdit(const QString &debutTitre, const QString &fichier, bool s
     OuvreOuCommence(fichier);
     disableHtml(modeHtml);
     ConnecteLeTexte();
+    secours = std::make_unique<CopieDeFiche>(*this);
     resize(TailleInitiale());
     // The saved size always wins, its default of 400 x 400 included: deliberate.
     readSettings();
     show();
 }
+
+LyTextEdit::~LyTextEdit() = default;
 
 void LyTextEdit::initTexte()
 {
@@ -150,6 +154,8 @@ void LyTextEdit::slotMaJStatusBarreInfoModif(bool m)
 {
     constexpr int largeurVide = 31;
     labelInfoModif->setText(m ? QStringLiteral(" document modifé ") : QString(largeurVide, u' '));
+    if (secours)
+        secours->Regarde();
 }
 
 void LyTextEdit::slotInsertRewrite()

@@ -5,6 +5,9 @@
 #include <QPointer>
 #include <QStringConverter>
 
+#include <memory>
+
+class CopieDeFiche;
 class HighlighterHtml;
 class LyTextBrowser;
 class QActionGroup;
@@ -26,6 +29,7 @@ public:
     /// window's title begins with \a debutTitre, a blank and \a complementTitre. A file that cannot be read is reported.
     LyTextEdit(const QString &debutTitre, const QString &fichier, bool seul, const QString &programme,
                const QString &complementTitre);
+    ~LyTextEdit() override;
 
     /// The charset of every sheet read and written: ISO 8859-1. What it lacks is written as "?".
     static constexpr QStringConverter::Encoding codec = QStringConverter::Latin1;
@@ -50,6 +54,7 @@ public:
     bool casseRespectee = true;
     monQTextEdit *texte;
     HighlighterHtml *highlighter;
+    std::unique_ptr<CopieDeFiche> secours;  ///< keeps a copy of the unsaved text
     QPointer<LyTextBrowser> navigateurOuvert;
     QLabel *labelAlignement = nullptr;
     QLabel *labelInsertion = nullptr;
@@ -118,6 +123,8 @@ public:
     /// Writes the text into the file \a f, which keeps its old content or gets the whole new one. False after a box when
     /// it cannot be written; file name and text then stay as they were.
     bool saveFile(const QString &f);
+    /// What a save of the text writes. \a complets becomes false when the charset lacks some of it.
+    [[nodiscard]] QByteArray OctetsAEnregistrer(bool *complets = nullptr) const;
     /// \a f is the file that is edited; the title says so.
     void setCurrentFile(const QString &f);
     /// HTML mode or text mode by the name of the file.
@@ -131,6 +138,8 @@ public:
     bool queryExit();
     /// The same for every editor that is open and has something to save.
     [[nodiscard]] static bool TousPeuventFermer();
+    /// Nothing may be asked any more: the unsaved text of every editor that is open goes into a rescue copy.
+    static void MetLesFichesEnSurete();
     /// Puts the selected text between two tags, then moves the cursor as decaleCurseur when one of the numbers is not 0.
     void insertTag(const QString &ouvrante, const QString &fermante, int decalCar, int decalBloc);
     /// Moves the cursor by \a decalCar characters, then, unless \a decalBloc is 0, to the start of the line: of its own,

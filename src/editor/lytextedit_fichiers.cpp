@@ -1,10 +1,12 @@
 #include "lytextedit.h"
 
 #include "boites.h"
+#include "copiedefiche.h"
 #include "curseurattente.h"
 #include "ecriture.h"
 #include "findesession.h"
 #include "monqtextedit.h"
+#include "placedesecours.h"
 #include "textefiche.h"
 
 #include <QApplication>
@@ -54,10 +56,19 @@ bool LyTextEdit::loadFile(const QString &f)
     return lu;
 }
 
-bool LyTextEdit::saveFile(const QString &f)
+QByteArray LyTextEdit::OctetsAEnregistrer(bool *complets) const
 {
     QStringEncoder encodeur(codec);
     const QByteArray octets = encodeur.encode(texte->TexteExact());
+    if (complets)
+        *complets = !encodeur.hasError();
+    return octets;
+}
+
+bool LyTextEdit::saveFile(const QString &f)
+{
+    bool complets = true;
+    const QByteArray octets = OctetsAEnregistrer(&complets);
     QString cause;
     const bool ecrit = [&] {
         const CurseurAttente attente;
@@ -72,7 +83,7 @@ bool LyTextEdit::saveFile(const QString &f)
     texte->document()->setModified(false);
     setCurrentFile(f);
     statusBar()->clearMessage();
-    if (encodeur.hasError())
+    if (!complets)
         statusBar()->showMessage(QStringLiteral("Des caractères qui n'existent pas en ISO 8859-1 ont été enregistrés "
                                                 "comme « ? »"));
     return true;
@@ -167,9 +178,12 @@ QString LyTextEdit::ChoisitUnNom()
 
 bool LyTextEdit::slotFileSaveAs()
 {
+    const QString avant = fichierCourant;
     const QString nom = ChoisitUnNom();
     if (nom.isEmpty() || !saveFile(nom))
         return false;
+    if (QFileInfo(avant) != QFileInfo(nom))
+        OublieLaCopieDeSecours(avant);
     dernierRep = QFileInfo(nom).absolutePath();
     setHtmlOuTxt(nom);
     disableHtml(modeHtml);
@@ -182,8 +196,11 @@ bool LyTextEdit::queryExit()
         this, QMessageBox::Warning, QStringLiteral("Fermer..."),
         QStringLiteral("La fiche éditée a été modifiée \n enregistrer les modifications avant de fermer ?"),
         ouiNonAnnuler, oui, annuler);
-    if (reponse == oui)
+    if (reponse == oui) {
         Sauve();
+        // The window closes whatever became of the save: what it did not write must not be lost.
+        secours->EcritEtGarde();
+    }
     return reponse != annuler;
 }
 
@@ -198,12 +215,23 @@ bool LyTextEdit::TousPeuventFermer()
     return true;
 }
 
+void LyTextEdit::MetLesFichesEnSurete()
+{
+    const auto fenetres = QApplication::topLevelWidgets();
+    for (const QWidget *fenetre : fenetres) {
+        const auto *editeur = qobject_cast<const LyTextEdit *>(fenetre);
+        if (editeur && editeur->isVisible())
+            editeur->secours->EcritEtGarde();
+    }
+}
+
 void LyTextEdit::closeEvent(QCloseEvent *evenement)
 {
     if (texte->document()->isModified() && !FinDeSession::EstAcceptee() && !queryExit()) {
         evenement->ignore();
         return;
     }
+    secours->Ferme();
     writeSettings();
     Q_EMIT FermetureTextEdit(this);
     Q_EMIT fermetureLyEditHtml();

@@ -298,6 +298,9 @@ void TestSecours::plusieursCopiesSeDisent()
     }
     QCOMPARE(CopiesRetrouvees(),
              (QStringList{Etats("recente-1.xrlg"), Etats("moyenne-2.xrlg"), Etats("vieille-3.xrlg")}));
+    Depose("jean-4.html", "<p>");
+    QCOMPARE(StatutDe(Fenetre()), "4 copies de secours ont été retrouvées, la plus récente : " + Etats("jean-4.html"));
+    QVERIFY(QFile::remove(Etats("jean-4.html")));
     QCOMPARE(StatutDe(Fenetre()),
              "3 copies de secours ont été retrouvées, la plus récente : " + Etats("recente-1.xrlg"));
 }

@@ -1,8 +1,11 @@
 #include "ecran.h"
 #include "environnement.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QProcess>
+
+#include <csignal>
 
 /// The editor of sheets as a program of its own, built and installed, under a real X server.
 class TestEditeurSeul : public QObject
@@ -13,11 +16,13 @@ private Q_SLOTS:
     void initTestCase();
     void cleanup();
     void unTexteNeufDevientUnFichier();
+    void leTexteSeRetrouveApresUnSignal();
     void leManuelEstACoteDuProgramme_data();
     void leManuelEstACoteDuProgramme();
 
 private:
-    void Demarre(const QString &chemin, const QStringList &arguments);
+    void Demarre(const QString &chemin, const QStringList &arguments,
+                 QProcess::ProcessChannelMode canaux = QProcess::ForwardedErrorChannel);
 
     QProcess programme;
     QTemporaryDir dossier{"/tmp/ramelier-essai-XXXXXX"};
@@ -38,12 +43,12 @@ void TestEditeurSeul::cleanup()
     programme.waitForFinished();
 }
 
-void TestEditeurSeul::Demarre(const QString &chemin, const QStringList &arguments)
+void TestEditeurSeul::Demarre(const QString &chemin, const QStringList &arguments, QProcess::ProcessChannelMode canaux)
 {
     programme.setProgram(chemin);
     programme.setArguments(arguments);
     programme.setWorkingDirectory(dossier.path());
-    programme.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    programme.setProcessChannelMode(canaux);
     programme.start();
     QVERIFY(programme.waitForStarted());
 }
@@ -65,6 +70,37 @@ void TestEditeurSeul::unTexteNeufDevientUnFichier()
     QFile fichier(dossier.filePath("fiche.html"));
     QVERIFY(fichier.open(QIODevice::ReadOnly));
     QCOMPARE(fichier.readAll(), QByteArray("N\xe9 \xe0 S\xe8te"));
+}
+
+void TestEditeurSeul::leTexteSeRetrouveApresUnSignal()
+{
+    Demarre(RAMELIER_EDITEUR, {});
+    QVERIFY(!Ecran::AttendActive("^LyEditHtml 1.0 - Nouveau$").isEmpty());
+    Ecran::Tape("Né à Sète");
+    QCOMPARE(kill(static_cast<pid_t>(programme.processId()), SIGTERM), 0);
+    QVERIFY(programme.waitForFinished());
+    QCOMPARE(programme.exitStatus(), QProcess::CrashExit);
+    const QDir etats(qEnvironmentVariable("XDG_STATE_HOME") + "/ramelier");
+    const QStringList copies = etats.entryList({"*.html"}, QDir::Files);
+    QCOMPARE(copies.size(), 1);
+    const QString copie = etats.filePath(copies.constFirst());
+    QFile fichier(copie);
+    QVERIFY(fichier.open(QIODevice::ReadOnly));
+    QCOMPARE(fichier.readAll(), QByteArray("N\xe9 \xe0 S\xe8te"));
+
+    Demarre(RAMELIER_EDITEUR, {}, QProcess::SeparateChannels);
+    QVERIFY(!Ecran::AttendActive("^LyEditHtml 1.0 - Nouveau$").isEmpty());
+    const QByteArray annonce = "Une copie de secours a été retrouvée : " + QFile::encodeName(copie) + "\n";
+    QByteArray erreurs;
+    static_cast<void>(QTest::qWaitFor([this, &erreurs, &annonce] {
+        erreurs += programme.readAllStandardError();
+        return erreurs.size() >= annonce.size();
+    }));
+    QCOMPARE(erreurs, annonce);
+    Ecran::Garde("editeur-seul-secours");
+    Ecran::Touches({"ctrl+q"});
+    QVERIFY(programme.waitForFinished());
+    QVERIFY(fichier.remove());
 }
 
 void TestEditeurSeul::leManuelEstACoteDuProgramme_data()

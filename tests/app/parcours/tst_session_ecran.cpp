@@ -22,6 +22,7 @@ private Q_SLOTS:
     void sansTravailRienNEstDemande();
     void sansQuestionPossibleLeTravailEstMisEnSurete();
     void lEditeurSeulDemandeAussi();
+    void sansQuestionPossibleSaFicheAussiEstMiseEnSurete();
 
 private:
     void Demarre(const QString &binaire, const QString &fichier, const QString &titre);
@@ -80,7 +81,7 @@ QStringList TestSessionEcran::Copies()
 {
     const QDir etats(qEnvironmentVariable("XDG_STATE_HOME") + "/ramelier");
     QStringList chemins;
-    for (const QString &nom : etats.entryList({"*.xrlg"}, QDir::Files))
+    for (const QString &nom : etats.entryList({"*.xrlg", "*.html"}, QDir::Files))
         chemins += etats.filePath(nom);
     return chemins;
 }
@@ -214,6 +215,24 @@ void TestSessionEcran::lEditeurSeulDemandeAussi()
     session->Termine();
     QVERIFY(programme.waitForFinished(attenteMs));
     QCOMPARE(programme.exitStatus(), QProcess::NormalExit);
+}
+
+void TestSessionEcran::sansQuestionPossibleSaFicheAussiEstMiseEnSurete()
+{
+    Demarre(RAMELIER_EDITEUR, "fiche.html", "^LyEditHtml 1.0 - fiche.html$");
+    if (Echec())
+        return;
+    Ecran::Tape("texte");
+    session->FinitLaSession(false);
+    QTRY_COMPARE_WITH_TIMEOUT(session->Reponses(), QStringList{"pret"}, attenteMs);
+    session->Termine();
+    QVERIFY(programme.waitForFinished(attenteMs));
+    QCOMPARE(programme.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(Contenu("fiche.html"), QByteArray("<p>"));
+    QCOMPARE(Copies().size(), 1);
+    QFile copie(Copies().constFirst());
+    QVERIFY(copie.open(QIODevice::ReadOnly));
+    QCOMPARE(copie.readAll(), QByteArray("texte<p>"));
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestSessionEcran)

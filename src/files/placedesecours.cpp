@@ -21,6 +21,8 @@ const QString extensionArbre = QStringLiteral(".xrlg");
 const QString extensionOptions = QStringLiteral(".opt");
 const QString extensionDossier = QStringLiteral(".dossier");
 const QString extensionVerrou = QStringLiteral(".verrou");
+const QString extensionHtml = QStringLiteral(".html");
+const QString extensionTexte = QStringLiteral(".txt");
 
 /// Not in the toolkit of this version: the folder for what a program remembers but nobody would copy elsewhere.
 QString DossierDeSecours()
@@ -48,9 +50,16 @@ QString NomLisible(const QString &nomFichier)
 
 void EffaceLesFichiers(const QString &base)
 {
-    for (const QString &extension :
-         {extensionArbre, extensionArbre + u'~', extensionOptions, extensionDossier, extensionVerrou})
+    for (const QString &extension : {extensionArbre, extensionArbre + u'~', extensionOptions, extensionDossier,
+                                     extensionHtml, extensionTexte, extensionVerrou})
         QFile::remove(base + extension);
+}
+
+/// A copy stands at the place \a base.
+bool EstPrise(const QString &base)
+{
+    return QFileInfo::exists(base + extensionArbre) || QFileInfo::exists(base + extensionHtml)
+        || QFileInfo::exists(base + extensionTexte);
 }
 
 /// Nobody who is alive keeps the place \a base. Where locks do not work everybody counts as alive.
@@ -67,7 +76,7 @@ void RetireLesAccompagnements(const QDir &dossier)
         {u'*' + extensionOptions, u'*' + extensionDossier, u'*' + extensionVerrou}, QDir::AllEntries | QDir::System);
     for (const QFileInfo &reste : restes) {
         const QString base = dossier.filePath(reste.completeBaseName());
-        if (!QFileInfo::exists(base + extensionArbre) && EstAbandonnee(base))
+        if (!EstPrise(base) && EstAbandonnee(base))
             QFile::remove(reste.filePath());
     }
 }
@@ -104,7 +113,7 @@ std::unique_ptr<PlaceDeSecours> PlaceDeSecours::Prend(const QString &nomFichier)
     for (int n = 1; n <= placesMax; ++n) {
         std::unique_ptr<PlaceDeSecours> place(new PlaceDeSecours(n == 1 ? base : base + u'-' + QString::number(n)));
         // A number of a process comes again one day: the copy of the former one is not overwritten.
-        if (!QFileInfo::exists(place->Arbre()) && place->Verrouille())
+        if (!EstPrise(place->base) && place->Verrouille())
             return place;
     }
     return {};
@@ -125,6 +134,11 @@ QString PlaceDeSecours::Dossier() const
     return base + extensionDossier;
 }
 
+QString PlaceDeSecours::Fiche(bool html) const
+{
+    return base + (html ? extensionHtml : extensionTexte);
+}
+
 void PlaceDeSecours::Vide()
 {
     EffaceLesFichiers(base);
@@ -136,14 +150,17 @@ void PlaceDeSecours::LaisseAuParent()
     verrou.reset();
 }
 
-QStringList CopiesRetrouvees()
+QStringList CopiesRetrouvees(Copies lesquelles)
 {
     const QDir dossier(DossierDeSecours());
     if (!dossier.exists())
         return {};
     RetireLesAccompagnements(dossier);
+    QStringList noms{u'*' + extensionHtml, u'*' + extensionTexte};
+    if (lesquelles == Copies::Toutes)
+        noms += u'*' + extensionArbre;
     QStringList copies;
-    const QFileInfoList fichiers = dossier.entryInfoList({u'*' + extensionArbre}, QDir::Files, QDir::Time);
+    const QFileInfoList fichiers = dossier.entryInfoList(noms, QDir::Files, QDir::Time);
     for (const QFileInfo &fichier : fichiers) {
         if (EstAbandonnee(fichier.path() + u'/' + fichier.completeBaseName()))
             copies += fichier.filePath();
@@ -151,11 +168,11 @@ QStringList CopiesRetrouvees()
     return copies;
 }
 
-bool EstUneCopieDeSecours(const QString &fichierArbre)
+bool EstUneCopieDeSecours(const QString &fichier)
 {
     const QString dossier = QFileInfo(DossierDeSecours()).canonicalFilePath();
-    return !fichierArbre.isEmpty() && !dossier.isEmpty()
-        && QFileInfo(QFileInfo(fichierArbre).absolutePath()).canonicalFilePath() == dossier;
+    return !fichier.isEmpty() && !dossier.isEmpty()
+        && QFileInfo(QFileInfo(fichier).absolutePath()).canonicalFilePath() == dossier;
 }
 
 QString DossierDeLArbre(const QString &fichierArbre)
@@ -169,9 +186,9 @@ QString DossierDeLArbre(const QString &fichierArbre)
     return fichier.absolutePath();
 }
 
-void OublieLaCopieDeSecours(const QString &fichierArbre)
+void OublieLaCopieDeSecours(const QString &fichier)
 {
-    const QFileInfo fichier(fichierArbre);
-    if (EstUneCopieDeSecours(fichierArbre))
-        EffaceLesFichiers(fichier.absolutePath() + u'/' + fichier.completeBaseName());
+    const QFileInfo copie(fichier);
+    if (EstUneCopieDeSecours(fichier))
+        EffaceLesFichiers(copie.absolutePath() + u'/' + copie.completeBaseName());
 }

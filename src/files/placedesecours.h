@@ -7,13 +7,13 @@
 
 class Descripteur;
 
-/// Where one program keeps the rescue copy of its tree: NAME-PID.xrlg in the user's state folder, with the options file of
-/// that name, a link to the folder of the tree ("NAME-PID.dossier": photos and sheets are found there) and a lock file
-/// ("NAME-PID.verrou") that tells whether its program is still alive.
+/// Where one program keeps a rescue copy: of a tree, NAME-PID.xrlg in the user's state folder, with the options file of that
+/// name and a link to the folder of the tree ("NAME-PID.dossier": photos and sheets are found there); of a sheet,
+/// NAME-PID.html or NAME-PID.txt. A lock file ("NAME-PID.verrou") tells whether the program is still alive.
 class PlaceDeSecours
 {
 public:
-    /// Takes a place for the tree file \a nomFichier, empty for a tree without one. Never that of another copy, left
+    /// Takes a place for the tree or sheet \a nomFichier, empty for one without a file. Never that of another copy, left
     /// behind or not. None when the state folder cannot be made or written.
     [[nodiscard]] static std::unique_ptr<PlaceDeSecours> Prend(const QString &nomFichier);
     /// Gives the place back; the files stay.
@@ -23,6 +23,7 @@ public:
     [[nodiscard]] QString Arbre() const;
     [[nodiscard]] QString Options() const;
     [[nodiscard]] QString Dossier() const;
+    [[nodiscard]] QString Fiche(bool html) const;
     /// Deletes the copy and what belongs to it.
     void Vide();
     /// In a child process: the place stays its parent's, and is free when that one is gone.
@@ -36,14 +37,16 @@ private:
     std::unique_ptr<Descripteur> verrou;
 };
 
-/// The copies that a program left that is gone, the latest first.
-[[nodiscard]] QStringList CopiesRetrouvees();
+enum class Copies { Toutes, DeFiches };
 
-/// \a fichierArbre stands where rescue copies are kept.
-[[nodiscard]] bool EstUneCopieDeSecours(const QString &fichierArbre);
+/// The copies that a program left that is gone, the latest first.
+[[nodiscard]] QStringList CopiesRetrouvees(Copies lesquelles = Copies::Toutes);
+
+/// \a fichier, a tree or a sheet, stands where rescue copies are kept.
+[[nodiscard]] bool EstUneCopieDeSecours(const QString &fichier);
 
 /// Where the photos and sheets of a tree file are: in its folder; those of a rescue copy in the folder of its tree.
 [[nodiscard]] QString DossierDeLArbre(const QString &fichierArbre);
 
 /// Deletes a rescue copy that has done its work, and what belongs to it. Anything else is left alone.
-void OublieLaCopieDeSecours(const QString &fichierArbre);
+void OublieLaCopieDeSecours(const QString &fichier);
