@@ -14,9 +14,10 @@ Sortie ExecuteDessiner(const QStringList &mots);
 struct DemandeDeDessin
 {
     QString arbre;
-    QString sortie;  ///< ".pdf" on a grid of pages, ".png" and ".svg" as one picture
+    QString sortie;  ///< ".pdf" on pages, ".png" and ".svg" as one picture
     bool reduit = false;
     QPageSize::PageSizeId page = QPageSize::A4;
+    bool pageUnique = false;  ///< one page of a ".pdf", as large as the chart, in the place of the grid
     bool paysage = false;
     int pointsParPouce = 96;  ///< of a ".png"
     quint64 racine = 1;       ///< whose ancestors

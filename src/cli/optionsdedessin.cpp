@@ -17,7 +17,8 @@ public:
             analyseur.Option(QString::fromLatin1(nom), QString::fromUtf8(description), QString::fromUtf8(valeur));
         };
         option("reduit", "Dessine l'affichage réduit : ni cadre, ni photo, ni lieux.");
-        option("page", "La page d'un .pdf ; A4 sans cette option.", "A4|A3");
+        option("page", "La page d'un .pdf ; unique : une seule, aussi grande que l'arbre ; A4 sans cette option.",
+               "A4|A3|unique");
         option("paysage", "Couche les pages d'un .pdf.");
         option("dpi", "La finesse d'un .png, de 24 à 1200 points par pouce ; 96 sans cette option.", "N");
         option("racine", "Les ancêtres de cette personne seulement.", "N° Sosa");
@@ -58,10 +59,13 @@ private:
         if (!choisie)
             return;
         const QString page = analyseur.Valeur(QStringLiteral("page")).toUpper();
+        demande.pageUnique = page == u"UNIQUE";
         if (page == u"A3")
             demande.page = QPageSize::A3;
-        else if (page != u"A4")
-            refus = QStringLiteral("la page est A4 ou A3 : ") + analyseur.Valeur(QStringLiteral("page"));
+        else if (page != u"A4" && !demande.pageUnique)
+            refus = QStringLiteral("la page est A4, A3 ou unique : ") + analyseur.Valeur(QStringLiteral("page"));
+        else if (demande.pageUnique && demande.paysage)
+            refus = QStringLiteral("--paysage ne vaut pas pour une page unique");
     }
 
     void LitLaFinesse()

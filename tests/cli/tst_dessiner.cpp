@@ -247,7 +247,9 @@ void TestDessiner::mauvaisUsage_data()
         QTest::newRow(nom) << QStringList{"dessiner", "a.xrlg", sortie} + options
                            << "ramelier-cli : " + erreur + "\n" + essayezDessiner;
     };
-    dessiner("page inconnue", "a.pdf", {"--page", "A2"}, "la page est A4 ou A3 : A2");
+    dessiner("page inconnue", "a.pdf", {"--page", "A2"}, "la page est A4, A3 ou unique : A2");
+    dessiner("page unique couchée", "a.pdf", {"--page", "unique", "--paysage"},
+             "--paysage ne vaut pas pour une page unique");
     dessiner("page d'une image", "a.png", {"--page", "A4"}, "--page et --paysage ne valent que pour un .pdf");
     dessiner("image couchée", "a.svg", {"--paysage"}, "--page et --paysage ne valent que pour un .pdf");
     dessiner("finesse d'un PDF", "a.pdf", {"--dpi", "300"}, "--dpi ne vaut que pour un .png");
