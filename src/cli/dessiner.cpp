@@ -11,6 +11,7 @@
 #include "interlocuteur.h"
 #include "lespolices.h"
 #include "pages.h"
+#include "reperes.h"
 #include "sousarbre.h"
 #include "unites.h"
 
@@ -129,8 +130,13 @@ bool DessineSurGrille(Dessin &dessin, const DemandeDeDessin &demande, QIODevice 
     dessin.Mesure(peintre);
     const QSize page(pdf.width(), pdf.height());
     const auto grille = GrilleDePages::Pour(dessin.canevas.largeurCanevas, dessin.canevas.hauteurCanevas, page);
-    const bool complet =
-        DessineSurPages(pdf, peintre, grille, page, [&dessin](QPainter &surPage) { dessin.Peint(surPage); });
+    const Reperes reperes(grille, page, dessin.pointsParPouce, dessin.polices.policeLegende);
+    const auto enMarge = [&](QPainter &surPage, long colonne, long ligne) {
+        if (demande.reperes)
+            reperes.Dessine(surPage, colonne, ligne);
+    };
+    const bool complet = DessineSurPages(
+        pdf, peintre, grille, page, [&dessin](QPainter &surPage) { dessin.Peint(surPage); }, enMarge);
     return peintre.end() && complet;
 }
 

@@ -19,6 +19,7 @@ struct DemandeDeDessin
     QPageSize::PageSizeId page = QPageSize::A4;
     bool pageUnique = false;  ///< one page of a ".pdf", as large as the chart, in the place of the grid
     bool paysage = false;
+    bool reperes = false;     ///< crop marks and a map on each page of the grid
     int pointsParPouce = 96;  ///< of a ".png"
     quint64 racine = 1;       ///< whose ancestors
     int generations = 0;      ///< 0: all

@@ -20,6 +20,7 @@ public:
         option("page", "La page d'un .pdf ; unique : une seule, aussi grande que l'arbre ; A4 sans cette option.",
                "A4|A3|unique");
         option("paysage", "Couche les pages d'un .pdf.");
+        option("reperes", "Met des traits de coupe et un plan des pages dans les marges d'un .pdf.");
         option("dpi", "La finesse d'un .png, de 24 à 1200 points par pouce ; 96 sans cette option.", "N");
         option("racine", "Les ancêtres de cette personne seulement.", "N° Sosa");
         option("generations", "Autant de générations seulement, celle de la racine comprise.", "G");
@@ -34,6 +35,7 @@ public:
         demande.sortie = analyseur.Fichiers().at(1);
         demande.reduit = analyseur.A(QStringLiteral("reduit"));
         demande.paysage = analyseur.A(QStringLiteral("paysage"));
+        demande.reperes = analyseur.A(QStringLiteral("reperes"));
         if (!FormatDeDessinConnu(demande.sortie))
             refus = QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ") + demande.sortie;
         LitLaPage();
@@ -56,6 +58,8 @@ private:
         const bool choisie = analyseur.A(QStringLiteral("page"));
         if ((choisie || demande.paysage) && !SortEn(QLatin1StringView(".pdf")))
             refus = QStringLiteral("--page et --paysage ne valent que pour un .pdf");
+        if (demande.reperes && !SortEn(QLatin1StringView(".pdf")))
+            refus = QStringLiteral("--reperes ne vaut que pour un .pdf");
         if (!choisie)
             return;
         const QString page = analyseur.Valeur(QStringLiteral("page")).toUpper();
@@ -66,6 +70,8 @@ private:
             refus = QStringLiteral("la page est A4, A3 ou unique : ") + analyseur.Valeur(QStringLiteral("page"));
         else if (demande.pageUnique && demande.paysage)
             refus = QStringLiteral("--paysage ne vaut pas pour une page unique");
+        else if (demande.pageUnique && demande.reperes)
+            refus = QStringLiteral("--reperes ne vaut pas pour une page unique");
     }
 
     void LitLaFinesse()

@@ -7,9 +7,10 @@
 
 #include <QFile>
 #include <QGuiApplication>
+#include <QImage>
 #include <QRegularExpression>
 
-/// The pages of a PDF that ramelier-cli dessiner makes: one for the whole chart.
+/// The pages of a PDF that ramelier-cli dessiner makes: one for the whole chart, or a grid of them to be put together.
 class TestDessinerPages : public QObject
 {
     Q_OBJECT
@@ -22,6 +23,13 @@ private Q_SLOTS:
     void lesLettresSontLesMemesQueSurDesA4();
     void auDelaDe14400PointsLUniteGrandit();
     void lesPolicesSontDansLaPage();
+    void lesReperesLaissentLeDessinTelQuel();
+    void lesTraitsDeCoupe_data();
+    void lesTraitsDeCoupe();
+    void lePlanDesPages_data();
+    void lePlanDesPages();
+    void dUneGrandeGrilleLePlanMontreLesVoisines_data();
+    void dUneGrandeGrilleLePlanMontreLesVoisines();
 
 private:
     [[nodiscard]] QString Chemin(const QString &nom) const { return dossier->filePath(nom); }
@@ -140,6 +148,165 @@ void TestDessinerPages::lesPolicesSontDansLaPage()
     QVERIFY(!polices.isEmpty());
     for (const Poppler::FontInfo &police : polices)
         QVERIFY2(police.isEmbedded(), qPrintable(police.name()));
+}
+
+namespace {
+
+// An A4 page shows 767 x 1097 pixels of 96 to the inch, within margins of 13, and hands five of them on to its neighbour. Pages
+// are looked at with three points to one of these pixels, four to a point of which 72 make an inch.
+constexpr int finesse = 3;
+
+QImage Image(const Poppler::Document &document, int page)
+{
+    return document.page(page)
+        ->renderToImage(96.0 * finesse, 96.0 * finesse)
+        .convertToFormat(QImage::Format_Grayscale8);
+}
+
+bool EstSombre(const QImage &image, QPointF points)
+{
+    constexpr int parPoint = 4;
+    return qGray(image.pixel((points * parPoint).toPoint())) < 128;
+}
+
+constexpr QRect Montre()
+{
+    return {13 * finesse, 13 * finesse, 767 * finesse, 1097 * finesse};
+}
+
+/// Where the map of the pages begins: behind the text, 1.5 points below what is shown.
+QPointF CoinDuPlan(const Poppler::Document &document, int page)
+{
+    constexpr double aGauche = 9.75 + 12;
+    double fin = 0;
+    for (const auto &mot : document.page(page)->textList()) {
+        const QRectF boite = mot->boundingBox();
+        if (boite.top() > 830 && boite.left() >= aGauche - 0.5)
+            fin = qMax(fin, boite.right());
+    }
+    return {fin + 6, 832.5 + 1.5};
+}
+
+}  // namespace
+
+void TestDessinerPages::lesReperesLaissentLeDessinTelQuel()
+{
+    const auto sans = Dessine(5, {});
+    QVERIFY(sans);
+    const auto avec = Dessine(5, {"--reperes"});
+    QVERIFY(avec);
+    QCOMPARE(sans->numPages(), 8);
+    QCOMPARE(avec->numPages(), 8);
+    for (int page = 0; page < 8; ++page) {
+        const QImage image = Image(*sans, page);
+        const QImage reperee = Image(*avec, page);
+        QCOMPARE(reperee.copy(Montre()), image.copy(Montre()));
+        QVERIFY(reperee != image);
+    }
+}
+
+void TestDessinerPages::lesTraitsDeCoupe_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("voisines");
+    // Four columns of two pages, printed column by column.
+    QTest::newRow("coin") << 0 << "droite dessous";
+    QTest::newRow("coin du bas") << 1 << "droite dessus";
+    QTest::newRow("au milieu") << 2 << "gauche droite dessous";
+    QTest::newRow("au milieu, en bas") << 5 << "gauche droite dessus";
+    QTest::newRow("dernière") << 7 << "gauche dessus";
+}
+
+void TestDessinerPages::lesTraitsDeCoupe()
+{
+    QFETCH(const int, page);
+    const auto document = Dessine(5, {"--reperes"});
+    QVERIFY(document);
+    const QImage image = Image(*document, page);
+    // Points from the corner of the paper: what is shown begins at 9.75, ends at 585 and 832.5; the neighbours' parts begin
+    // 3.75 before that.
+    QStringList coupees;
+    const auto regarde = [&](const QString &voisine, QPointF unBout, QPointF autreBout) {
+        QCOMPARE(EstSombre(image, unBout), EstSombre(image, autreBout));
+        if (EstSombre(image, unBout))
+            coupees += voisine;
+    };
+    regarde("gauche", {9.75, 5}, {9.75, 837});
+    regarde("droite", {581.25, 5}, {581.25, 837});
+    regarde("dessus", {5, 9.75}, {590, 9.75});
+    regarde("dessous", {5, 828.75}, {590, 828.75});
+    QTEST(coupees.join(u' '), "voisines");
+}
+
+void TestDessinerPages::lePlanDesPages_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("texte");
+    QTest::addColumn<QString>("plan");
+    QTest::newRow("première") << 0 << "page 1 sur 8, rangée 1, colonne 1"
+                              << "#.../....";
+    QTest::newRow("deuxième") << 1 << "page 2 sur 8, rangée 2, colonne 1"
+                              << "..../#...";
+    QTest::newRow("troisième") << 2 << "page 3 sur 8, rangée 1, colonne 2"
+                               << ".#../....";
+    QTest::newRow("dernière") << 7 << "page 8 sur 8, rangée 2, colonne 4"
+                              << "..../...#";
+}
+
+void TestDessinerPages::lePlanDesPages()
+{
+    QFETCH(const int, page);
+    const auto document = Dessine(5, {"--reperes"});
+    QVERIFY(document);
+    QStringList mots = PdfLu::Mots(*document, page);
+    QTEST(mots.mid(mots.indexOf("page")).join(u' '), "texte");
+    const QImage image = Image(*document, page);
+    const QPointF coin = CoinDuPlan(*document, page);
+    // Cells of half of seven points, of the page's own shape.
+    constexpr double haute = 3.5;
+    constexpr double large = haute * 767 / 1097;
+    QString plan;
+    for (int ligne = 0; ligne < 2; ++ligne) {
+        for (int colonne = 0; colonne < 4; ++colonne)
+            plan += EstSombre(image, coin + QPointF((colonne + 0.5) * large, (ligne + 0.5) * haute)) ? u'#' : u'.';
+        plan += ligne == 0 ? QStringLiteral("/") : QString();
+    }
+    QTEST(plan, "plan");
+}
+
+void TestDessinerPages::dUneGrandeGrilleLePlanMontreLesVoisines_data()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<int>("place");
+    QTest::addColumn<QString>("suites");
+    // The 256 boxes of the top row, reduced, stand on 33 pages beside one another, of which a map shows 24.
+    QTest::newRow("début") << 0 << 0 << "après";
+    QTest::newRow("milieu") << 20 << 12 << "avant après";
+    QTest::newRow("fin") << 32 << 23 << "avant";
+}
+
+void TestDessinerPages::dUneGrandeGrilleLePlanMontreLesVoisines()
+{
+    QFETCH(const int, page);
+    QFETCH(const int, place);
+    const auto document = Dessine(9, {"--reduit", "--reperes", "--page", "A4"});
+    QVERIFY(document);
+    QCOMPARE(document->numPages(), 33);
+    const QImage image = Image(*document, page);
+    const QPointF coin = CoinDuPlan(*document, page);
+    constexpr double large = 7.0 * 767 / 1097;
+    QList<int> pleines;
+    for (int colonne = 0; colonne < 24; ++colonne) {
+        if (EstSombre(image, coin + QPointF((colonne + 0.5) * large, 3.5)))
+            pleines += colonne;
+    }
+    QCOMPARE(pleines, QList<int>{place});
+    QStringList suites;
+    if (EstSombre(image, coin - QPointF(0.2 * large, 0)))
+        suites += QStringLiteral("avant");
+    if (EstSombre(image, coin + QPointF(24.2 * large, 0)))
+        suites += QStringLiteral("après");
+    QTEST(suites.join(u' '), "suites");
 }
 
 RAMELIER_TEST_MAIN(QGuiApplication, TestDessinerPages)
