@@ -2,6 +2,7 @@
 
 #include "arbre.h"
 #include "arbrelu.h"
+#include "branches.h"
 #include "canevas.h"
 #include "disposition.h"
 #include "ecriture.h"
@@ -11,6 +12,7 @@
 #include "interlocuteur.h"
 #include "lespolices.h"
 #include "pages.h"
+#include "personne.h"
 #include "reperes.h"
 #include "sousarbre.h"
 #include "unites.h"
@@ -54,12 +56,14 @@ struct Dessin
     LesPolices polices;
     Canevas canevas;
     bool complet;
+    bool couleursDesBranches;
     int pointsParPouce;
     float echelle;
 
     explicit Dessin(const DemandeDeDessin &demande)
         : arbre(LitUnArbre(demande.arbre))
         , complet(!demande.reduit)
+        , couleursDesBranches(demande.couleursDesBranches)
         , pointsParPouce(demande.pointsParPouce)
         , echelle(EchelleDeResolution(pointsParPouce))
     {
@@ -102,8 +106,17 @@ struct Dessin
         image.setDotsPerMeterY(parMetre);
     }
 
+    void PeintLesBranches(QPainter &peintre)
+    {
+        const quint64 racine = arbre->premiere->numero;
+        arbre->PeintLesFonds(&peintre, echelle, echelle, formats,
+                             [racine](const Personne &personne) { return CouleurDeBranche(personne.numero, racine); });
+    }
+
     void Peint(QPainter &peintre)
     {
+        if (couleursDesBranches && arbre->premiere)
+            PeintLesBranches(peintre);
         arbre->Affiche(&peintre, echelle, echelle, true, formats, polices, complet);
         DessineTitre(peintre, *arbre->infoArbre, canevas, polices);
     }

@@ -21,6 +21,7 @@ public:
                "A4|A3|unique");
         option("paysage", "Couche les pages d'un .pdf.");
         option("reperes", "Met des traits de coupe et un plan des pages dans les marges d'un .pdf.");
+        option("couleurs-branches", "Colore le fond des cases, d'une couleur par grand-parent, avec ses ancêtres.");
         option("dpi", "La finesse d'un .png, de 24 à 1200 points par pouce ; 96 sans cette option.", "N");
         option("racine", "Les ancêtres de cette personne seulement.", "N° Sosa");
         option("generations", "Autant de générations seulement, celle de la racine comprise.", "G");
@@ -35,6 +36,7 @@ public:
         demande.sortie = analyseur.Fichiers().at(1);
         demande.reduit = analyseur.A(QStringLiteral("reduit"));
         demande.paysage = analyseur.A(QStringLiteral("paysage"));
+        demande.couleursDesBranches = analyseur.A(QStringLiteral("couleurs-branches"));
         demande.reperes = analyseur.A(QStringLiteral("reperes"));
         if (!FormatDeDessinConnu(demande.sortie))
             refus = QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ") + demande.sortie;
