@@ -2,6 +2,7 @@
 
 #include "arbre.h"
 #include "arbrelu.h"
+#include "branches.h"
 #include "canevas.h"
 #include "disposition.h"
 #include "ecriture.h"
@@ -11,6 +12,8 @@
 #include "interlocuteur.h"
 #include "lespolices.h"
 #include "pages.h"
+#include "personne.h"
+#include "reperes.h"
 #include "sousarbre.h"
 #include "unites.h"
 
@@ -19,6 +22,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+
+#include <cmath>
 
 namespace {
 
@@ -51,12 +56,14 @@ struct Dessin
     LesPolices polices;
     Canevas canevas;
     bool complet;
+    bool couleursDesBranches;
     int pointsParPouce;
     float echelle;
 
     explicit Dessin(const DemandeDeDessin &demande)
         : arbre(LitUnArbre(demande.arbre))
         , complet(!demande.reduit)
+        , couleursDesBranches(demande.couleursDesBranches)
         , pointsParPouce(demande.pointsParPouce)
         , echelle(EchelleDeResolution(pointsParPouce))
     {
@@ -81,8 +88,8 @@ struct Dessin
 
     void Mesure(QPainter &peintre) { CalculeCanevas(canevas, peintre, *arbre, formats, polices, echelle, echelle); }
 
-    /// The size of the drawing, measured for a picture.
-    [[nodiscard]] QSize TailleDImage()
+    /// The size of the drawing, measured for a picture; for a PDF it is the same.
+    [[nodiscard]] QSize TailleDuDessin()
     {
         QImage essai(1, 1, QImage::Format_ARGB32_Premultiplied);
         PrendLaResolution(essai);
@@ -99,39 +106,83 @@ struct Dessin
         image.setDotsPerMeterY(parMetre);
     }
 
+    void PeintLesBranches(QPainter &peintre)
+    {
+        const quint64 racine = arbre->premiere->numero;
+        arbre->PeintLesFonds(&peintre, echelle, echelle, formats,
+                             [racine](const Personne &personne) { return CouleurDeBranche(personne.numero, racine); });
+    }
+
     void Peint(QPainter &peintre)
     {
+        if (couleursDesBranches && arbre->premiere)
+            PeintLesBranches(peintre);
         arbre->Affiche(&peintre, echelle, echelle, true, formats, polices, complet);
         DessineTitre(peintre, *arbre->infoArbre, canevas, polices);
     }
 };
 
-bool DessinePdf(Dessin &dessin, const DemandeDeDessin &demande, QIODevice &sortie)
+void Prepare(QPdfWriter &pdf, const Dessin &dessin)
+{
+    pdf.setResolution(dessin.pointsParPouce);
+    pdf.setTitle(dessin.arbre->infoArbre->titrearbre);
+    pdf.setCreator(QStringLiteral("Ramelier"));
+}
+
+bool DessineSurGrille(Dessin &dessin, const DemandeDeDessin &demande, QIODevice &sortie)
 {
     QPdfWriter pdf(&sortie);
     // The margins of a printer that nobody has set up: ten points.
     pdf.setPageLayout(QPageLayout(QPageSize(demande.page),
                                   demande.paysage ? QPageLayout::Landscape : QPageLayout::Portrait,
                                   QMarginsF(10, 10, 10, 10), QPageLayout::Point));
-    pdf.setResolution(dessin.pointsParPouce);
-    pdf.setTitle(dessin.arbre->infoArbre->titrearbre);
-    pdf.setCreator(QStringLiteral("Ramelier"));
+    Prepare(pdf, dessin);
     QPainter peintre;
     if (!peintre.begin(&pdf))
         return false;
     dessin.Mesure(peintre);
     const QSize page(pdf.width(), pdf.height());
     const auto grille = GrilleDePages::Pour(dessin.canevas.largeurCanevas, dessin.canevas.hauteurCanevas, page);
-    const bool complet =
-        DessineSurPages(pdf, peintre, grille, page, [&dessin](QPainter &surPage) { dessin.Peint(surPage); });
+    const Reperes reperes(grille, page, dessin.pointsParPouce, dessin.polices.policeLegende);
+    const auto enMarge = [&](QPainter &surPage, long colonne, long ligne) {
+        if (demande.reperes)
+            reperes.Dessine(surPage, colonne, ligne);
+    };
+    const bool complet = DessineSurPages(
+        pdf, peintre, grille, page, [&dessin](QPainter &surPage) { dessin.Peint(surPage); }, enMarge);
     return peintre.end() && complet;
+}
+
+bool DessineSurUnePage(Dessin &dessin, QIODevice &sortie)
+{
+    // Readers refuse a page that is larger than this, unless it says that its unit is larger than a point: Qt does so from
+    // version 1.6 of PDF on.
+    constexpr int pointsMax = 14400;
+    const QSizeF enPoints = dessin.TailleDuDessin().toSizeF() * 72.0 / dessin.pointsParPouce;
+    const QSizeF page(std::ceil(enPoints.width()), std::ceil(enPoints.height()));
+    QPdfWriter pdf(&sortie);
+    if (page.width() > pointsMax || page.height() > pointsMax)
+        pdf.setPdfVersion(QPagedPaintDevice::PdfVersion_1_6);
+    pdf.setPageLayout(QPageLayout(QPageSize(page, QPageSize::Point, QString(), QPageSize::ExactMatch),
+                                  QPageLayout::Portrait, QMarginsF()));
+    Prepare(pdf, dessin);
+    QPainter peintre;
+    if (!peintre.begin(&pdf))
+        return false;
+    dessin.Peint(peintre);
+    return peintre.end();
+}
+
+bool DessinePdf(Dessin &dessin, const DemandeDeDessin &demande, QIODevice &sortie)
+{
+    return demande.pageUnique ? DessineSurUnePage(dessin, sortie) : DessineSurGrille(dessin, demande, sortie);
 }
 
 bool TientDansUneImage(Dessin &dessin)
 {
     // Beyond this side Qt's painter draws no more.
     constexpr int coteMax = 32767;
-    const QSize taille = dessin.TailleDImage();
+    const QSize taille = dessin.TailleDuDessin();
     if (taille.width() <= coteMax && taille.height() <= coteMax)
         return true;
     Refuse(QStringLiteral("L'arbre est trop grand pour une image (%1 x %2 points) : choisissez un fichier .pdf")
@@ -142,7 +193,7 @@ bool TientDansUneImage(Dessin &dessin)
 
 bool DessinePng(Dessin &dessin, QIODevice &sortie)
 {
-    QImage image(dessin.TailleDImage(), QImage::Format_RGB32);
+    QImage image(dessin.TailleDuDessin(), QImage::Format_RGB32);
     if (image.isNull())
         return false;
     image.fill(Qt::white);
@@ -156,7 +207,7 @@ bool DessinePng(Dessin &dessin, QIODevice &sortie)
 
 bool DessineSvg(Dessin &dessin, QIODevice &sortie)
 {
-    const QSize taille = dessin.TailleDImage();
+    const QSize taille = dessin.TailleDuDessin();
     QSvgGenerator svg;
     svg.setOutputDevice(&sortie);
     svg.setResolution(dessin.pointsParPouce);

@@ -14,13 +14,16 @@ Sortie ExecuteDessiner(const QStringList &mots);
 struct DemandeDeDessin
 {
     QString arbre;
-    QString sortie;  ///< ".pdf" on a grid of pages, ".png" and ".svg" as one picture
+    QString sortie;  ///< ".pdf" on pages, ".png" and ".svg" as one picture
     bool reduit = false;
     QPageSize::PageSizeId page = QPageSize::A4;
+    bool pageUnique = false;  ///< one page of a ".pdf", as large as the chart, in the place of the grid
     bool paysage = false;
-    int pointsParPouce = 96;  ///< of a ".png"
-    quint64 racine = 1;       ///< whose ancestors
-    int generations = 0;      ///< 0: all
+    bool reperes = false;              ///< crop marks and a map on each page of the grid
+    int pointsParPouce = 96;           ///< of a ".png"
+    bool couleursDesBranches = false;  ///< a pale fill behind the boxes, one for each grandparent's ancestors
+    quint64 racine = 1;                ///< whose ancestors
+    int generations = 0;               ///< 0: all
 };
 
 /// Draws a tree as the program prints it. An existing file is replaced, whole or not at all. False when it could not be

@@ -17,8 +17,11 @@ public:
             analyseur.Option(QString::fromLatin1(nom), QString::fromUtf8(description), QString::fromUtf8(valeur));
         };
         option("reduit", "Dessine l'affichage réduit : ni cadre, ni photo, ni lieux.");
-        option("page", "La page d'un .pdf ; A4 sans cette option.", "A4|A3");
+        option("page", "La page d'un .pdf ; unique : une seule, aussi grande que l'arbre ; A4 sans cette option.",
+               "A4|A3|unique");
         option("paysage", "Couche les pages d'un .pdf.");
+        option("reperes", "Met des traits de coupe et un plan des pages dans les marges d'un .pdf.");
+        option("couleurs-branches", "Colore le fond des cases, d'une couleur par grand-parent, avec ses ancêtres.");
         option("dpi", "La finesse d'un .png, de 24 à 1200 points par pouce ; 96 sans cette option.", "N");
         option("racine", "Les ancêtres de cette personne seulement.", "N° Sosa");
         option("generations", "Autant de générations seulement, celle de la racine comprise.", "G");
@@ -33,6 +36,8 @@ public:
         demande.sortie = analyseur.Fichiers().at(1);
         demande.reduit = analyseur.A(QStringLiteral("reduit"));
         demande.paysage = analyseur.A(QStringLiteral("paysage"));
+        demande.couleursDesBranches = analyseur.A(QStringLiteral("couleurs-branches"));
+        demande.reperes = analyseur.A(QStringLiteral("reperes"));
         if (!FormatDeDessinConnu(demande.sortie))
             refus = QStringLiteral("le fichier à dessiner doit se terminer par .pdf, .png ou .svg : ") + demande.sortie;
         LitLaPage();
@@ -55,13 +60,20 @@ private:
         const bool choisie = analyseur.A(QStringLiteral("page"));
         if ((choisie || demande.paysage) && !SortEn(QLatin1StringView(".pdf")))
             refus = QStringLiteral("--page et --paysage ne valent que pour un .pdf");
+        if (demande.reperes && !SortEn(QLatin1StringView(".pdf")))
+            refus = QStringLiteral("--reperes ne vaut que pour un .pdf");
         if (!choisie)
             return;
         const QString page = analyseur.Valeur(QStringLiteral("page")).toUpper();
+        demande.pageUnique = page == u"UNIQUE";
         if (page == u"A3")
             demande.page = QPageSize::A3;
-        else if (page != u"A4")
-            refus = QStringLiteral("la page est A4 ou A3 : ") + analyseur.Valeur(QStringLiteral("page"));
+        else if (page != u"A4" && !demande.pageUnique)
+            refus = QStringLiteral("la page est A4, A3 ou unique : ") + analyseur.Valeur(QStringLiteral("page"));
+        else if (demande.pageUnique && demande.paysage)
+            refus = QStringLiteral("--paysage ne vaut pas pour une page unique");
+        else if (demande.pageUnique && demande.reperes)
+            refus = QStringLiteral("--reperes ne vaut pas pour une page unique");
     }
 
     void LitLaFinesse()

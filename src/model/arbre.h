@@ -14,6 +14,7 @@ class Annuaire;
 class IndexDessin;
 class InfoPersonne;
 class Personne;
+class QColor;
 class QPainter;
 struct Bloc;
 struct FormatsDessins;
@@ -68,6 +69,11 @@ public:
     /// picture is the same. See Personne::Affiche for the arguments.
     void Affiche(QPainter *painter, float sx, float sy, bool impression, const FormatsDessins &formats,
                  const LesPolices &polices, bool arbreOuvert);
+    using FondDeCase = std::function<QColor(const Personne &)>;
+    /// Fills the boxes of those for whom \a fond has a valid colour. For a drawing on top, by Affiche with the same lengths.
+    /// Who lies outside of the painter's clip is not asked for.
+    void PeintLesFonds(QPainter *painter, float sx, float sy, const FormatsDessins &formats,
+                       const FondDeCase &fond) const;
     /// Draws the lines and arcs between each person and its parents.
     void TraceLesLiaisons(QPainter *painter, float sx, float sy, const FormatsDessins &formats) const;
 

@@ -36,6 +36,12 @@ int FormatsDessins::EpaisseurPx(float echelleX) const
     return EntierBorne(epaisseurTraits * echelleX, 0, largeurMaxDunePlume);
 }
 
+int FormatsDessins::Rondeur(float echelle) const
+{
+    constexpr int rondeurMax = 99;
+    return EntierBorne(2 * rayonArc * echelle, 0, rondeurMax);
+}
+
 int FormatsDessins::RayonPx(float echelle) const
 {
     constexpr int rayonMax = 100'000;

@@ -27,6 +27,8 @@ struct FormatsDessins
 
     /// Width in pixels of the line pen at \a echelleX, truncated; 0 draws hairlines. Within what a pen accepts.
     [[nodiscard]] int EpaisseurPx(float echelleX) const;
+    /// How round the corners of the boxes are at \a echelle, in per cent of half a side, from 0 to 99.
+    [[nodiscard]] int Rondeur(float echelle) const;
     /// Radius in pixels of the arcs at \a echelle, truncated, never negative.
     [[nodiscard]] int RayonPx(float echelle) const;
 };

@@ -9,7 +9,6 @@ namespace {
 
 constexpr int gras = 75;
 constexpr int normal = 50;
-constexpr int rondeurMax = 99;
 
 }  // namespace
 
@@ -23,8 +22,8 @@ OutilsPersonne::OutilsPersonne(const QPainter &peintre, float echelleX, float ec
     , largeur(MaxLI(Px(formats.largeurCadre, sx), 1))
     , hauteur(MaxLI(Px(formats.hauteurCadre, sy), 1))
     , marge(Px(formats.margeDansCadre, sx))
-    , rondeurX(EntierBorne(2 * formats.rayonArc * sx, 0, rondeurMax))
-    , rondeurY(EntierBorne(2 * formats.rayonArc * sy, 0, rondeurMax))
+    , rondeurX(formats.Rondeur(sx))
+    , rondeurY(formats.Rondeur(sy))
     , traits(formats.couleurTraits, LargeurDePlume(peintre, formats.EpaisseurPx(sx)), Qt::SolidLine)
     , textes(traits)
     , numeros(PoliceDessinable(polices.policeNumeros))

@@ -13,7 +13,8 @@ GrilleDePages GrilleDePages::Pour(long largeur, long hauteur, QSize page)
 }
 
 bool DessineSurPages(QPagedPaintDevice &appareil, QPainter &peintre, const GrilleDePages &grille, QSize page,
-                     const std::function<void(QPainter &)> &dessine)
+                     const std::function<void(QPainter &)> &dessine,
+                     const std::function<void(QPainter &, long colonne, long ligne)> &enMarge)
 {
     const long pasX = page.width() - GrilleDePages::recouvrement;
     const long pasY = page.height() - GrilleDePages::recouvrement;
@@ -22,10 +23,14 @@ bool DessineSurPages(QPagedPaintDevice &appareil, QPainter &peintre, const Grill
             const bool premierePage = colonne == 0 && ligne == 0;
             if (!premierePage && !appareil.newPage())
                 return false;
-            const EtatPeintre etat(peintre);
-            peintre.setClipRect(QRect(QPoint(0, 0), page));
-            peintre.translate(-double(colonne * pasX), -double(ligne * pasY));
-            dessine(peintre);
+            {
+                const EtatPeintre etat(peintre);
+                peintre.setClipRect(QRect(QPoint(0, 0), page));
+                peintre.translate(-double(colonne * pasX), -double(ligne * pasY));
+                dessine(peintre);
+            }
+            if (enMarge)
+                enMarge(peintre, colonne, ligne);
         }
     }
     return true;

@@ -24,6 +24,8 @@ struct GrilleDePages
 
 /// Draws on page after page, column by column and each column from top to bottom: \a dessine is called with the painter
 /// moved so that (0, 0) is the chart's corner, and clipped to what the page shows. Starts no page after the last one.
-/// False when the device refused a new page.
+/// False when the device refused a new page. \a enMarge, if any, is called on each page afterwards, with its place in the
+/// grid, the painter neither moved nor clipped.
 bool DessineSurPages(QPagedPaintDevice &appareil, QPainter &peintre, const GrilleDePages &grille, QSize page,
-                     const std::function<void(QPainter &)> &dessine);
+                     const std::function<void(QPainter &)> &dessine,
+                     const std::function<void(QPainter &, long colonne, long ligne)> &enMarge = {});

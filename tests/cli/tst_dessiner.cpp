@@ -247,9 +247,15 @@ void TestDessiner::mauvaisUsage_data()
         QTest::newRow(nom) << QStringList{"dessiner", "a.xrlg", sortie} + options
                            << "ramelier-cli : " + erreur + "\n" + essayezDessiner;
     };
-    dessiner("page inconnue", "a.pdf", {"--page", "A2"}, "la page est A4 ou A3 : A2");
+    dessiner("page inconnue", "a.pdf", {"--page", "A2"}, "la page est A4, A3 ou unique : A2");
+    dessiner("page unique couchée", "a.pdf", {"--page", "unique", "--paysage"},
+             "--paysage ne vaut pas pour une page unique");
     dessiner("page d'une image", "a.png", {"--page", "A4"}, "--page et --paysage ne valent que pour un .pdf");
     dessiner("image couchée", "a.svg", {"--paysage"}, "--page et --paysage ne valent que pour un .pdf");
+    dessiner("repères d'une image", "a.png", {"--reperes"}, "--reperes ne vaut que pour un .pdf");
+    dessiner("repères d'un SVG", "a.svg", {"--reperes"}, "--reperes ne vaut que pour un .pdf");
+    dessiner("repères d'une page unique", "a.pdf", {"--reperes", "--page", "unique"},
+             "--reperes ne vaut pas pour une page unique");
     dessiner("finesse d'un PDF", "a.pdf", {"--dpi", "300"}, "--dpi ne vaut que pour un .png");
     dessiner("finesse trop petite", "a.png", {"--dpi", "23"}, "--dpi veut un nombre de 24 à 1200 : 23");
     dessiner("finesse en lettres", "a.png", {"--dpi", "fin"}, "--dpi veut un nombre de 24 à 1200 : fin");

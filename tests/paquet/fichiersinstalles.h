@@ -49,6 +49,7 @@ inline QStringList FichiersAttendus()
         "lib/ramelier/ramelier-cli",
         "share/applications/lyedithtml.desktop",
         "share/applications/ramelier.desktop",
+        "share/bash-completion/completions/ramelier-cli",
         "share/doc/ramelier/changelog",
         "share/doc/ramelier/copyright",
         "share/doc/ramelier/examples/armes/castille-leon.png",
