@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgOptDessin::DlgOptDessin(FormatsDessins *reference, QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
     , formatsReference(reference)
 {
     setupUi(this);

@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgPolices::DlgPolices(LesPolices *reference, QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
     , policesReference(reference)
 {
     setupUi(this);

@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgPreferences::DlgPreferences(QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
 {
     setupUi(this);
     connect(pbModifPolTextes, &QPushButton::clicked, this, &DlgPreferences::slotModifPolTextes);
