@@ -8,6 +8,7 @@ monQTextEdit::monQTextEdit(QWidget *parent)
     : QTextEdit(parent)
 {
     setAcceptRichText(false);
+    setAccessibleName(QStringLiteral("Texte édité"));
     CoupeLesTresLongsMots(this);
     // The colours of the source are chosen for a light page.
     QPalette papier = palette();

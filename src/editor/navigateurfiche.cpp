@@ -18,6 +18,7 @@ constexpr qint64 octetsMaxRessource = qint64(512) << 20;
 NavigateurFiche::NavigateurFiche(QWidget *parent)
     : QTextBrowser(parent)
 {
+    setAccessibleName(QStringLiteral("Texte affiché"));
     // Sheets are written for white paper, whatever the desktop's colours are.
     QPalette papier = palette();
     papier.setColor(QPalette::Base, Qt::white);

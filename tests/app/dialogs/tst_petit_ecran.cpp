@@ -1,10 +1,5 @@
-#include "formulaire.h"
-
-#include "dlgcherche.h"
+#include "dialoguesediteur.h"
 #include "dlgpolices.h"
-#include "dlgpreferences.h"
-#include "dlgremplace.h"
-#include "dlgtableau.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -42,17 +37,6 @@ private:
 
 namespace {
 
-std::unique_ptr<QDialog> Nouveau(const QString &classe)
-{
-    if (classe == "DlgCherche")
-        return std::make_unique<DlgCherche>();
-    if (classe == "DlgRemplace")
-        return std::make_unique<DlgRemplace>();
-    if (classe == "DlgTableau")
-        return std::make_unique<DlgTableau>();
-    return NouveauDialogue(classe);
-}
-
 bool Defile(const QDialog &dialogue)
 {
     return dialogue.findChild<QScrollArea *>("zone") != nullptr;
@@ -81,7 +65,7 @@ void TestPetitEcran::leDialogueTientSurLEcran_data()
 {
     QTest::addColumn<QString>("classe");
     QTest::addColumn<int>("points");
-    const QStringList classes = TousLesDialogues() + QStringList{"DlgCherche", "DlgRemplace", "DlgTableau"};
+    const QStringList classes = LesDixDialogues();
     for (const QString &classe : classes) {
         for (const int points : {9, 20})
             QTest::addRow("%s %d points", qPrintable(classe), points) << classe << points;
@@ -93,7 +77,7 @@ void TestPetitEcran::leDialogueTientSurLEcran()
     QFETCH(const QString, classe);
     QFETCH(const int, points);
     Lettres(points);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     VerifieQuIlTient(*dialogue);
 }
@@ -103,7 +87,7 @@ void TestPetitEcran::chaqueChampSeVoitQuandIlALeFocus()
     QFETCH(const QString, classe);
     QFETCH(const int, points);
     Lettres(points);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     const QWidget *premier = QApplication::focusWidget();
     QVERIFY(premier);
@@ -127,7 +111,7 @@ void TestPetitEcran::rienNeDefileAvecDePetitesLettres()
         QSKIP("the screen is too small for that");
     QFETCH(const QString, classe);
     Lettres(9);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     QVERIFY(!Defile(*dialogue));
 }
@@ -135,7 +119,7 @@ void TestPetitEcran::rienNeDefileAvecDePetitesLettres()
 void TestPetitEcran::lesColonnesSEmpilentAvecDeGrandesLettres()
 {
     Lettres(20);
-    const auto dialogue = Nouveau("DlgPreferences");
+    const auto dialogue = NouveauDesDix("DlgPreferences");
     QVERIFY(Affiche(*dialogue));
     QCOMPARE(dialogue->findChild<QBoxLayout *>("colonnes")->direction(), QBoxLayout::TopToBottom);
     QVERIFY(Defile(*dialogue));
@@ -155,7 +139,7 @@ void TestPetitEcran::lesColonnesSEmpilentAvecDeGrandesLettres()
 void TestPetitEcran::laMoletteDefileSansRienChanger()
 {
     Lettres(20);
-    const auto dialogue = Nouveau("DlgPreferences");
+    const auto dialogue = NouveauDesDix("DlgPreferences");
     QVERIFY(Affiche(*dialogue));
     auto *hauteur = dialogue->findChild<QSpinBox *>("sbHCadre");
     const QPointF ici = hauteur->rect().center();
