@@ -1,6 +1,7 @@
 #include "ramelierapp.h"
 
 #include "arbview.h"
+#include "barres.h"
 #include "copiedesecours.h"
 #include "copiesretrouvees.h"
 #include "ecran.h"
@@ -35,6 +36,7 @@ RamelierApp::RamelierApp(int argc, char **argv)
     initMenuBar();
     initToolBar();
     initStatusBar();
+    NommeLesBarres(*this);
     doc = new RamelierDoc(repApplication);
     resize(TailleInitiale());
     // The saved size always wins, its default of 400 x 400 included: deliberate.

@@ -1,5 +1,6 @@
 #include "lytextbrowser.h"
 
+#include "barres.h"
 #include "boites.h"
 #include "navigateurfiche.h"
 #include "tableactions.h"
@@ -26,6 +27,7 @@ LyTextBrowser::LyTextBrowser(const QIcon &icone, const QString &titreDeBase, con
     initActions();
     initMenus();
     initBarreOutils();
+    NommeLesBarres(*this);
     connect(navigateur, &QTextBrowser::sourceChanged, this, &LyTextBrowser::slotMaJCaption);
     connect(navigateur, &QTextBrowser::highlighted, this,
             [this](const QUrl &lien) { statusBar()->showMessage(lien.toString()); });

@@ -1,5 +1,6 @@
 #include "lytextedit.h"
 
+#include "barres.h"
 #include "copiedefiche.h"
 #include "ecran.h"
 #include "highlighterhtml.h"
@@ -51,6 +52,7 @@ LyTextEdit::LyTextEdit(const QString &debutTitre, const QString &fichier, bool s
     initMenus();
     initBarresOutils();
     initStatusBar();
+    NommeLesBarres(*this);
     initTexte();
     OuvreOuCommence(fichier);
     disableHtml(modeHtml);

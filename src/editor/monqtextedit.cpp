@@ -1,6 +1,7 @@
 #include "monqtextedit.h"
 
 #include "longsmots.h"
+#include "papier.h"
 
 #include <QKeyEvent>
 
@@ -8,12 +9,10 @@ monQTextEdit::monQTextEdit(QWidget *parent)
     : QTextEdit(parent)
 {
     setAcceptRichText(false);
+    setAccessibleName(QStringLiteral("Texte édité"));
     CoupeLesTresLongsMots(this);
     // The colours of the source are chosen for a light page.
-    QPalette papier = palette();
-    papier.setColor(QPalette::Base, Qt::white);
-    papier.setColor(QPalette::Text, Qt::black);
-    setPalette(papier);
+    setPalette(PaletteDePapier(palette()));
 }
 
 QString monQTextEdit::TexteExact() const

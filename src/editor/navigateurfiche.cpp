@@ -2,6 +2,7 @@
 
 #include "imagesbornees.h"
 #include "longsmots.h"
+#include "papier.h"
 #include "tablesprofondes.h"
 #include "textefiche.h"
 
@@ -18,11 +19,11 @@ constexpr qint64 octetsMaxRessource = qint64(512) << 20;
 NavigateurFiche::NavigateurFiche(QWidget *parent)
     : QTextBrowser(parent)
 {
+    setAccessibleName(QStringLiteral("Texte affiché"));
     // Sheets are written for white paper, whatever the desktop's colours are.
-    QPalette papier = palette();
-    papier.setColor(QPalette::Base, Qt::white);
-    papier.setColor(QPalette::Text, Qt::black);
-    setPalette(papier);
+    setPalette(PaletteDePapier(palette()));
+    // The toolkit would take the colour of links from the desktop, which may have chosen it for a dark page.
+    document()->setDefaultStyleSheet(QStringLiteral("a:link { color: #0000ff }"));
     CoupeLesTresLongsMots(this);
     new ImagesBornees(document());
 }

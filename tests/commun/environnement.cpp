@@ -1,8 +1,27 @@
 #include "environnement.h"
 
 #include <QDir>
+#include <QFile>
 
-Environnement::Environnement()
+namespace {
+
+/// What the platform without a screen is told, so that it has one of this size.
+QString Plateforme(const QString &description, QSize ecran)
+{
+    QFile fichier(description);
+    if (!fichier.open(QIODevice::WriteOnly))
+        qFatal("pas d'écran d'essai");
+    fichier.write(QStringLiteral(R"({"screens": [{"name": "essai", "x": 0, "y": 0, "width": %1, "height": %2,)"
+                                 R"( "logicalDpi": 96, "dpr": 1}]})")
+                      .arg(ecran.width())
+                      .arg(ecran.height())
+                      .toUtf8());
+    return QStringLiteral("offscreen:configfile=") + description;
+}
+
+}  // namespace
+
+Environnement::Environnement(QSize ecran)
 {
     const auto pose = [](const char *nom, const QString &valeur) { qputenv(nom, valeur.toLocal8Bit()); };
     pose("HOME", dossier.path());
@@ -14,7 +33,8 @@ Environnement::Environnement()
         pose(nom, chemin);
     }
     if (qEnvironmentVariableIsEmpty("RAMELIER_TEST_ECRAN"))
-        pose("QT_QPA_PLATFORM", QStringLiteral("offscreen"));
+        pose("QT_QPA_PLATFORM",
+             ecran.isEmpty() ? QStringLiteral("offscreen") : Plateforme(dossier.filePath("ecran.json"), ecran));
     pose("QT_STYLE_OVERRIDE", QStringLiteral("fusion"));
     pose("FONTCONFIG_FILE", QStringLiteral(RAMELIER_FONTS_CONF));
     pose("LC_ALL", qEnvironmentVariable("RAMELIER_TEST_LC_ALL", QStringLiteral("C.UTF-8")));

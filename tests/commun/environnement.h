@@ -9,7 +9,8 @@
 class Environnement
 {
 public:
-    Environnement();
+    /// With a screen of the size \a ecran (pixels of the device), or the platform's usual one of 800 x 800.
+    explicit Environnement(QSize ecran = {});
 
     /// The scratch home folder.
     [[nodiscard]] static QString Maison();

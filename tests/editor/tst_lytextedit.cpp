@@ -1,3 +1,4 @@
+#include "bureausombre.h"
 #include "editeur.h"
 
 #include <QActionGroup>
@@ -10,6 +11,8 @@
 #include <QTextBlock>
 #include <QTextLayout>
 #include <QToolBar>
+
+#include <optional>
 
 /// The window of the editor of sheets: what it offers, what it shows, and what it remembers.
 class TestLyTextEdit : public QObject
@@ -65,7 +68,8 @@ private Q_SLOTS:
     void annulerEtRefaireSuiventLaFrappe();
     void collerUnTexteRicheColleDuTexte();
     void leTexteEstColore();
-    void lePapierEstBlanc();
+    void unBureauSombreGardeLePapierBlanc_data();
+    void unBureauSombreGardeLePapierBlanc();
 
 private:
     std::unique_ptr<Atelier> atelier;
@@ -842,14 +846,30 @@ void TestLyTextEdit::leTexteEstColore()
     QVERIFY(EstModifie(editeur));
 }
 
-void TestLyTextEdit::lePapierEstBlanc()
+void TestLyTextEdit::unBureauSombreGardeLePapierBlanc_data()
 {
-    const QPalette avant = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(30, 30, 30)));
-    const LyTextEdit &editeur = atelier->OuvreSeul();
-    QApplication::setPalette(avant);
-    QCOMPARE(editeur.texte->palette().color(QPalette::Base), QColor(Qt::white));
-    QCOMPARE(editeur.texte->palette().color(QPalette::Text), QColor(Qt::black));
+    QTest::addColumn<bool>("avant");
+    QTest::newRow("sombre avant d'ouvrir") << true;
+    QTest::newRow("sombre plus tard") << false;
+}
+
+void TestLyTextEdit::unBureauSombreGardeLePapierBlanc()
+{
+    QFETCH(const bool, avant);
+    std::optional<BureauSombre> sombre;
+    if (avant)
+        sombre.emplace();
+    LyTextEdit &editeur = atelier->Ouvre("a.html", "<!DOCTYPE html>\n<a href=\"b.html\">lien</a>");
+    if (!avant)
+        sombre.emplace();
+    // Letters thick enough to show their colour without its edges.
+    editeur.texte->setFont(QFont(editeur.texte->font().family(), 30));
+    QVERIFY(QTest::qWaitForWindowExposed(&editeur));
+    QCOMPARE(editeur.palette().color(QPalette::Base), QColor(10, 10, 10));
+    const QImage page = editeur.texte->viewport()->grab().toImage();
+    QVERIFY(PixelsDe(page, Qt::white) > page.width() * page.height() * 7 / 10);
+    for (const QColor couleur : {Qt::black, Qt::red, Qt::blue, Qt::darkGreen})
+        QVERIFY2(PixelsDe(page, couleur) > 50, qPrintable(couleur.name()));
 }
 
 RAMELIER_TEST_BUREAU_MAIN(TestLyTextEdit)

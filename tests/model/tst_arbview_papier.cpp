@@ -1,3 +1,4 @@
+#include "bureausombre.h"
 #include "environnement.h"
 #include "infopersonne.h"
 #include "interlocuteur.h"
@@ -9,6 +10,7 @@
 #include <QScrollBar>
 
 #include <functional>
+#include <optional>
 
 namespace {
 
@@ -29,16 +31,6 @@ private:
     std::function<void(const QString &)> action;
 };
 
-QPalette PaletteSombre()
-{
-    QPalette palette(QColor(30, 30, 30));
-    palette.setColor(QPalette::Base, QColor(10, 10, 10));
-    palette.setColor(QPalette::Window, QColor(30, 30, 30));
-    palette.setColor(QPalette::Text, Qt::white);
-    palette.setColor(QPalette::WindowText, Qt::white);
-    return palette;
-}
-
 bool EstBlanche(const QImage &image)
 {
     QImage blanche = image;
@@ -54,7 +46,6 @@ class TestArbViewPapier : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { paletteAvant = QApplication::palette(); }
     void cleanup();
 
     void unBureauSombreGardeLePapierBlanc_data();
@@ -66,14 +57,10 @@ private Q_SLOTS:
     void unArbreAMoitieLuSeDessine();
     void unArbreBricoleSeDessine_data();
     void unArbreBricoleSeDessine();
-
-private:
-    QPalette paletteAvant;
 };
 
 void TestArbViewPapier::cleanup()
 {
-    QApplication::setPalette(paletteAvant);
     Interlocuteur::Installe(std::make_unique<InterlocuteurDEssai>([](const QString &) {}));
 }
 
@@ -87,11 +74,12 @@ void TestArbViewPapier::unBureauSombreGardeLePapierBlanc_data()
 void TestArbViewPapier::unBureauSombreGardeLePapierBlanc()
 {
     QFETCH(bool, avant);
+    std::optional<BureauSombre> sombre;
     if (avant)
-        QApplication::setPalette(PaletteSombre());
+        sombre.emplace();
     VueDEssai essai;
     if (!avant)
-        QApplication::setPalette(PaletteSombre());
+        sombre.emplace();
     essai.Ouvre(ArbreDeNumeros({1}));
     QVERIFY(essai.Montre());
     QTRY_COMPARE(essai.dessin->size(), QSize(225, 270));
@@ -115,7 +103,7 @@ void TestArbViewPapier::unBureauSombreGardeLePapierBlanc()
 
 void TestArbViewPapier::unBureauSombreGardeSesAscenseurs()
 {
-    QApplication::setPalette(PaletteSombre());
+    const BureauSombre sombre;
     VueDEssai essai(QSize(200, 150));
     essai.Ouvre(ArbreDeNumeros({1}));
     QVERIFY(essai.Montre());

@@ -5,6 +5,20 @@
 #include <QFontDialog>
 #include <QFontInfo>
 
+namespace {
+
+/// "#ff8000 (rouge 255, vert 128, bleu 0)"
+QString EnMots(const QColor &couleur)
+{
+    return QStringLiteral("%1 (rouge %2, vert %3, bleu %4)")
+        .arg(couleur.name())
+        .arg(couleur.red())
+        .arg(couleur.green())
+        .arg(couleur.blue());
+}
+
+}  // namespace
+
 void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille)
 {
     famille->setText(police.family());
@@ -17,6 +31,15 @@ void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QL
         style->setText(police.italic() ? QStringLiteral("Bold Italic") : QStringLiteral("Bold"));
     else
         style->setText(police.italic() ? QStringLiteral("Italic") : QStringLiteral("Normal"));
+}
+
+void MontrePolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille, QWidget *bouton)
+{
+    AffichageInfoPolice(police, famille, style, taille);
+    QStringList mots{famille->text(), taille->text()};
+    if (style)
+        mots.insert(1, style->text());
+    bouton->setAccessibleDescription(mots.join(u' '));
 }
 
 bool ChoisitPolice(QWidget *parent, QFont &police)
@@ -35,18 +58,22 @@ bool ChoisitPolice(QWidget *parent, QFont &police)
     return true;
 }
 
-void ChoisitCouleur(QWidget *parent, QColor &couleur, QWidget *pastille)
+void ChoisitCouleur(QWidget *parent, QColor &couleur, ChampCouleur champ)
 {
     const QColor choisie = QColorDialog::getColor(couleur, parent);
     if (!choisie.isValid())
         return;
     couleur = choisie;
-    MontreCouleur(pastille, couleur);
+    MontreCouleur(champ, couleur);
 }
 
-void MontreCouleur(QWidget *pastille, const QColor &couleur)
+void MontreCouleur(ChampCouleur champ, const QColor &couleur)
 {
-    QPalette palette = pastille->palette();
-    palette.setBrush(QPalette::All, pastille->backgroundRole(), couleur);
-    pastille->setPalette(palette);
+    QPalette palette = champ.pastille->palette();
+    palette.setBrush(QPalette::All, champ.pastille->backgroundRole(), couleur);
+    champ.pastille->setPalette(palette);
+    const QString mots = EnMots(couleur);
+    champ.pastille->setToolTip(mots);
+    champ.pastille->setAccessibleDescription(mots);
+    champ.bouton->setAccessibleDescription(mots);
 }

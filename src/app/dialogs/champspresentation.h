@@ -20,11 +20,19 @@ void AffichageInfoPolice(const QFont &police, QLabel *famille, QLabel *style, QL
 /// not installed stays unless another one is chosen.
 bool ChoisitPolice(QWidget *parent, QFont &police);
 
-/// Asks for another colour, starting from \a couleur, and shows it in \a pastille. Changes nothing when the user gives up.
-void ChoisitCouleur(QWidget *parent, QColor &couleur, QWidget *pastille);
+/// A colour that the user sees, and may change.
+struct ChampCouleur
+{
+    QWidget *pastille;  ///< shows it as its background
+    QWidget *bouton;    ///< asks for another one
+};
 
-/// Shows \a couleur as the background of \a pastille, whether its window is active or not.
-void MontreCouleur(QWidget *pastille, const QColor &couleur);
+/// Asks for another colour, starting from \a couleur, and shows it in \a champ. Changes nothing when the user gives up.
+void ChoisitCouleur(QWidget *parent, QColor &couleur, ChampCouleur champ);
+
+/// Shows \a couleur as a background, whether the window is active or not, and in words: under the mouse, and to screen
+/// readers at the button too, as they do not stop at the swatch.
+void MontreCouleur(ChampCouleur champ, const QColor &couleur);
 
 /// Puts the nine lengths of \a formats into the spin boxes of \a formulaire, which hold 0 to 99.
 template <typename Formulaire> void MontreLongueurs(Formulaire &formulaire, const FormatsDessins &formats)
@@ -55,14 +63,18 @@ template <typename Formulaire> FormatsDessins FormatsSaisis(const Formulaire &fo
             .couleurTraits = couleurTraits};
 }
 
+/// AffichageInfoPolice(), and the same for screen readers at \a bouton, which asks for another font.
+void MontrePolice(const QFont &police, QLabel *famille, QLabel *style, QLabel *taille, QWidget *bouton);
+
 /// Shows the four fonts in the labels of \a formulaire; the texts' font has no label for its style.
 template <typename Formulaire> void MontrePolices(Formulaire &formulaire, const LesPolices &polices)
 {
-    AffichageInfoPolice(polices.policeTextes, formulaire.labelFamilleTextes, nullptr, formulaire.labelTailleTextes);
-    AffichageInfoPolice(polices.policeNumeros, formulaire.labelFamilleNumeros, formulaire.labelStyleNumeros,
-                        formulaire.labelTailleNumeros);
-    AffichageInfoPolice(polices.policeTitre, formulaire.labelFamilleTitre, formulaire.labelStyleTitre,
-                        formulaire.labelTailleTitre);
-    AffichageInfoPolice(polices.policeLegende, formulaire.labelFamilleLegende, formulaire.labelStyleLegende,
-                        formulaire.labelTailleLegende);
+    MontrePolice(polices.policeTextes, formulaire.labelFamilleTextes, nullptr, formulaire.labelTailleTextes,
+                 formulaire.pbModifPolTextes);
+    MontrePolice(polices.policeNumeros, formulaire.labelFamilleNumeros, formulaire.labelStyleNumeros,
+                 formulaire.labelTailleNumeros, formulaire.pbModifPolNum);
+    MontrePolice(polices.policeTitre, formulaire.labelFamilleTitre, formulaire.labelStyleTitre,
+                 formulaire.labelTailleTitre, formulaire.pbModifPolTitre);
+    MontrePolice(polices.policeLegende, formulaire.labelFamilleLegende, formulaire.labelStyleLegende,
+                 formulaire.labelTailleLegende, formulaire.pbModifPolLegende);
 }

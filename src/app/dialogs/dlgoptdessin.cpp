@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgOptDessin::DlgOptDessin(FormatsDessins *reference, QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
     , formatsReference(reference)
 {
     setupUi(this);
@@ -15,7 +15,7 @@ void DlgOptDessin::Montre(const FormatsDessins &formats)
 {
     MontreLongueurs(*this, formats);
     couleurTraits = formats.couleurTraits;
-    MontreCouleur(LineEditCouleurTraits, couleurTraits);
+    MontreCouleur({LineEditCouleurTraits, pbModifCouleur}, couleurTraits);
 }
 
 FormatsDessins DlgOptDessin::Saisie() const
@@ -25,7 +25,7 @@ FormatsDessins DlgOptDessin::Saisie() const
 
 void DlgOptDessin::slotModifCouleur()
 {
-    ChoisitCouleur(this, couleurTraits, LineEditCouleurTraits);
+    ChoisitCouleur(this, couleurTraits, {LineEditCouleurTraits, pbModifCouleur});
 }
 
 void DlgOptDessin::slotValeursParDefaut()

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "dialogue.h"
 #include "formatsdessins.h"
 #include "ui_dlgoptdessin.h"
 
 #include <QColor>
-#include <QDialog>
 
 /// The drawing lengths (mm) and the line colour of one tree. The caller shows values before exec() and reads them back
 /// when the dialog was accepted.
-class DlgOptDessin : public QDialog, public Ui_DlgOptDessin
+class DlgOptDessin : public Dialogue, public Ui_DlgOptDessin
 {
     Q_OBJECT
 

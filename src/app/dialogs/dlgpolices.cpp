@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgPolices::DlgPolices(LesPolices *reference, QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
     , policesReference(reference)
 {
     setupUi(this);
@@ -19,7 +19,7 @@ void DlgPolices::Montre(const LesPolices &montrees)
 {
     polices = montrees;
     MontrePolices(*this, polices);
-    MontreCouleur(LineEditCouleur, polices.couleurCaracteres);
+    MontreCouleur({LineEditCouleur, pbModifCouleur}, polices.couleurCaracteres);
 }
 
 void DlgPolices::slotModifPolTextes()
@@ -48,7 +48,7 @@ void DlgPolices::slotModifPolLegende()
 
 void DlgPolices::slotModifCouleur()
 {
-    ChoisitCouleur(this, polices.couleurCaracteres, LineEditCouleur);
+    ChoisitCouleur(this, polices.couleurCaracteres, {LineEditCouleur, pbModifCouleur});
 }
 
 void DlgPolices::slotPolicesParDefaut()

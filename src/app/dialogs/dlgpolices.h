@@ -1,13 +1,12 @@
 #pragma once
 
+#include "dialogue.h"
 #include "lespolices.h"
 #include "ui_dlgpolices.h"
 
-#include <QDialog>
-
 /// The four fonts and the text colour of one tree. The caller shows values before exec() and reads the working copy back
 /// when the dialog was accepted.
-class DlgPolices : public QDialog, public Ui_DlgPolices
+class DlgPolices : public Dialogue, public Ui_DlgPolices
 {
     Q_OBJECT
 

@@ -3,7 +3,7 @@
 #include "champspresentation.h"
 
 DlgPreferences::DlgPreferences(QWidget *parent)
-    : QDialog(parent)
+    : Dialogue(parent)
 {
     setupUi(this);
     connect(pbModifPolTextes, &QPushButton::clicked, this, &DlgPreferences::slotModifPolTextes);
@@ -19,10 +19,10 @@ void DlgPreferences::Montre(const FormatsDessins &formats, const LesPolices &mon
 {
     MontreLongueurs(*this, formats);
     couleurTraits = formats.couleurTraits;
-    MontreCouleur(LineEditCouleurTraits, couleurTraits);
+    MontreCouleur({LineEditCouleurTraits, pbModifCouleurTraits}, couleurTraits);
     polices = montrees;
     MontrePolices(*this, polices);
-    MontreCouleur(LineEditCouleurTextes, polices.couleurCaracteres);
+    MontreCouleur({LineEditCouleurTextes, pbModifCouleurTextes}, polices.couleurCaracteres);
 }
 
 FormatsDessins DlgPreferences::Saisie() const
@@ -56,12 +56,12 @@ void DlgPreferences::slotModifPolLeg()
 
 void DlgPreferences::slotModifCoulTraits()
 {
-    ChoisitCouleur(this, couleurTraits, LineEditCouleurTraits);
+    ChoisitCouleur(this, couleurTraits, {LineEditCouleurTraits, pbModifCouleurTraits});
 }
 
 void DlgPreferences::slotModifCoulTextes()
 {
-    ChoisitCouleur(this, polices.couleurCaracteres, LineEditCouleurTextes);
+    ChoisitCouleur(this, polices.couleurCaracteres, {LineEditCouleurTextes, pbModifCouleurTextes});
 }
 
 void DlgPreferences::slotValeursParDefaut()

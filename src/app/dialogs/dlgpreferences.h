@@ -1,15 +1,15 @@
 #pragma once
 
+#include "dialogue.h"
 #include "formatsdessins.h"
 #include "lespolices.h"
 #include "ui_dlgpreferences.h"
 
 #include <QColor>
-#include <QDialog>
 
 /// The values that every new tree starts from: drawing lengths (mm), line colour, fonts and text colour. The caller shows
 /// values before exec() and reads them back when the dialog was accepted.
-class DlgPreferences : public QDialog, public Ui_DlgPreferences
+class DlgPreferences : public Dialogue, public Ui_DlgPreferences
 {
     Q_OBJECT
 

@@ -73,7 +73,7 @@ void ProchainePolice(Scenario &scenario, const QFont &police, bool accepte, Dial
 #define RAMELIER_TEST_DIALOGUES_MAIN(Classe)                                                                           \
     int main(int argc, char **argv)                                                                                    \
     {                                                                                                                  \
-        const Environnement environnement;                                                                             \
+        const Environnement environnement(QSize(2560, 1600));                                                          \
         QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);                                                   \
         QApplication application(argc, argv);                                                                          \
         Classe test;                                                                                                   \

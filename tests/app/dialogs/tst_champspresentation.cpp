@@ -165,7 +165,8 @@ void TestChampsPresentation::laPastilleMontreSaCouleurPartout()
 {
     QFETCH(const QColor, couleur);
     QLineEdit pastille;
-    MontreCouleur(&pastille, couleur);
+    QPushButton bouton;
+    MontreCouleur({&pastille, &bouton}, couleur);
     QCOMPARE(pastille.palette().brush(QPalette::Active, pastille.backgroundRole()), QBrush(couleur));
     QCOMPARE(pastille.palette().brush(QPalette::Inactive, pastille.backgroundRole()), QBrush(couleur));
     QCOMPARE(pastille.palette().brush(QPalette::Disabled, pastille.backgroundRole()), QBrush(couleur));
@@ -178,8 +179,9 @@ void TestChampsPresentation::laPastilleMontreSaCouleurPartout()
 void TestChampsPresentation::uneCouleurRemplaceLAutre()
 {
     QLineEdit pastille;
-    MontreCouleur(&pastille, Qt::red);
-    MontreCouleur(&pastille, Qt::blue);
+    QPushButton bouton;
+    MontreCouleur({&pastille, &bouton}, Qt::red);
+    MontreCouleur({&pastille, &bouton}, Qt::blue);
     QCOMPARE(EcartsDePastille(&pastille, Qt::blue), QString());
     // The rest of the palette stays.
     QPalette attendue = QLineEdit().palette();

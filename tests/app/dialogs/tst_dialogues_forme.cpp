@@ -1,6 +1,5 @@
 #include "formulaire.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QSignalSpy>
 
@@ -34,8 +33,6 @@ private Q_SLOTS:
     void execAttendLaReponse();
     void chaqueLabelDeChampMeneASonChamp_data() { UneLigneParDialogue(); }
     void chaqueLabelDeChampMeneASonChamp();
-    void chaqueChampAUnNomAccessible_data() { UneLigneParDialogue(); }
-    void chaqueChampAUnNomAccessible();
 
 private:
     static QPushButton *BoutonOk(const QDialog &dialogue);
@@ -331,20 +328,6 @@ void TestDialoguesForme::chaqueLabelDeChampMeneASonChamp()
             sansChamp += label->text();
     }
     QCOMPARE(sansChamp.join('\n'), QString());
-}
-
-void TestDialoguesForme::chaqueChampAUnNomAccessible()
-{
-    QFETCH(const QString, classe);
-    const auto dialogue = NouveauDialogue(classe);
-    QVERIFY(Affiche(*dialogue));
-    const QStringList noms = OrdreDesTabulations(*dialogue);
-    QVERIFY(noms.size() > 1);
-    for (const QString &nom : noms) {
-        QWidget *widget = Visite(*dialogue, nom);
-        const QAccessibleInterface *acces = QAccessible::queryAccessibleInterface(widget);
-        QVERIFY2(acces && !acces->text(QAccessible::Name).trimmed().isEmpty(), qPrintable(nom));
-    }
 }
 
 RAMELIER_TEST_DIALOGUES_MAIN(TestDialoguesForme)
