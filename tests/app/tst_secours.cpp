@@ -260,13 +260,13 @@ void TestSecours::quitterMalgreUnEchecLaGarde()
 
 void TestSecours::sansCopieRienNEstDit()
 {
-    Depose("autre.txt", "rien");
+    Depose("autre.pdf", "rien");
     Depose("martin-77.opt", "rien");
     Depose("martin-77.verrou", "");
     QCOMPARE(StatutDe(Fenetre()), "Prêt. (2000 ms)");
     QCOMPARE(StatutDe(Fenetre({chemin})), "Prêt");
     // What belonged to a copy that its user removed goes too.
-    QCOMPARE(etats.entryList(QDir::Files), QStringList{"autre.txt"});
+    QCOMPARE(etats.entryList(QDir::Files), QStringList{"autre.pdf"});
 }
 
 void TestSecours::uneCopieRetrouveeSeDit()
