@@ -59,7 +59,7 @@ bool LyTextEdit::loadFile(const QString &f)
 QByteArray LyTextEdit::OctetsAEnregistrer(bool *complets) const
 {
     QStringEncoder encodeur(codec);
-    const QByteArray octets = encodeur.encode(texte->TexteExact());
+    QByteArray octets = encodeur.encode(texte->TexteExact());
     if (complets)
         *complets = !encodeur.hasError();
     return octets;

@@ -21,6 +21,7 @@ int main(int argc, char **argv)
     QStringList copies = CopiesRetrouvees(Copies::DeFiches);
     copies.removeAll(QFileInfo(fichier).absoluteFilePath());
     AnnonceLesCopies(copies, *editeur.statusBar());
+    // cppcheck-suppress unreadVariable ; it listens as long as it lives
     const SignauxDeFin signaux(&LyTextEdit::MetLesFichesEnSurete);
     FinDeSession::Surveille(
         &application, {.peutFinir = &LyTextEdit::TousPeuventFermer, .metEnSurete = &LyTextEdit::MetLesFichesEnSurete});
