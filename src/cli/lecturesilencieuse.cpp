@@ -1,5 +1,7 @@
 #include "lecturesilencieuse.h"
 
+#include "francais.h"
+
 #include <utility>
 
 namespace {
@@ -11,7 +13,7 @@ public:
 
     bool fatalError(const QXmlParseException &exception) override
     {
-        erreur = {exception.lineNumber(), exception.columnNumber(), exception.message()};
+        erreur = {exception.lineNumber(), exception.columnNumber(), ErreurXmlEnFrancais(exception.message())};
         return false;
     }
 

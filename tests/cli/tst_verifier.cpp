@@ -136,10 +136,10 @@ void TestVerifier::ceQuiNeSeLitPas_data()
     QTest::addColumn<QString>("constat");
     const auto arbre = ArbreDeNumeros({1});
     arbre->premiere->info->nom = "A & B";
-    QTest::newRow("texte") << "a.xrlg" << OctetsDe(*arbre) << "ligne 16, colonne 17 : letter is expected";
+    QTest::newRow("texte") << "a.xrlg" << OctetsDe(*arbre) << "ligne 16, colonne 17 : une lettre est attendue";
     QTest::newRow("autre chose") << "a.xrlg" << QByteArray("<html/>")
                                  << "ligne 1, colonne 6 : Le fichier n'est pas un fichier XRLG.";
-    QTest::newRow("vide") << "a.xrlg" << QByteArray() << "ligne 1, colonne 1 : unexpected end of file";
+    QTest::newRow("vide") << "a.xrlg" << QByteArray() << "ligne 1, colonne 1 : fin de fichier inattendue";
     QTest::newRow("ancien") << "a.rlg" << QByteArray("bonjour") << "ce n'est pas un ancien arbre";
     QTest::newRow("GEDCOM") << "a.ged" << QByteArray("0 HEAD\n0 TRLR\n") << "aucun individu";
     QTest::newRow("autre nom") << "a.txt" << QByteArray("bonjour")
