@@ -38,6 +38,8 @@ private Q_SLOTS:
     void mauvaisUsage();
     void echoueEtDitPourquoi_data();
     void echoueEtDitPourquoi();
+    void uneImageADesBornes_data();
+    void uneImageADesBornes();
     void dessineDansToutDossier_data();
     void dessineDansToutDossier();
     void aideEtVersion();
@@ -314,6 +316,30 @@ void TestDessiner::echoueEtDitPourquoi()
     QCOMPARE(resultat.erreur, erreur.contains(u'%') ? erreur.arg(dossier->path()) : erreur);
     QCOMPARE(resultat.code, 1);
     QVERIFY(!QFileInfo(mots.first()).isFile());
+}
+
+void TestDessiner::uneImageADesBornes_data()
+{
+    QTest::addColumn<QString>("sortie");
+    QTest::newRow("png") << "a.png";
+    QTest::newRow("svg") << "a.svg";
+}
+
+void TestDessiner::uneImageADesBornes()
+{
+    QFETCH(const QString, sortie);
+    const Resultat resultat = Execute({"dessiner", EcritArbre(10), Chemin(sortie)});
+    if (sortie.endsWith(".png")) {
+        QCOMPARE(resultat.erreur,
+                 "ramelier-cli : L'arbre est trop grand pour une image (77386 x 2205 points) : choisissez un fichier "
+                 ".pdf\n");
+        QCOMPARE(resultat.code, 1);
+        QVERIFY(!QFile::exists(Chemin(sortie)));
+    } else {
+        // Lines and letters: no painter has to hold its points.
+        QCOMPARE(resultat.erreur, QString());
+        QCOMPARE(resultat.code, 0);
+    }
 }
 
 void TestDessiner::dessineDansToutDossier_data()
