@@ -1,5 +1,6 @@
 #include "arbre.h"
 #include "disposition.h"
+#include "dlgpers.h"
 #include "documentouvert.h"
 #include "mesure.h"
 #include "parentdesboites.h"
@@ -80,32 +81,48 @@ void Supprime(benchmark::State &etat, Enfant lequel, int personnes)
 }
 
 /// One layout and one walk along the list.
-void DisposeEtParcourt(benchmark::State &etat, Enfant lequel, int personnes)
+void DisposeEtParcourt(const DocumentOuvert &ouvert)
+{
+    DisposeArbre(*ouvert.doc.arbre, ouvert.doc.formats, ouvert.echelle, ouvert.echelle);
+    for (const Personne *personne = ouvert.doc.arbre->premiere; personne; personne = personne->suivante)
+        benchmark::DoNotOptimize(personne->numero);
+}
+
+/// The least that a deletion costs.
+void PlancherDeSuppression(benchmark::State &etat, Enfant lequel, int personnes)
 {
     const DocumentOuvert &ouvert = Ouvert(lequel, personnes);
+    for (auto _ : etat)
+        DisposeEtParcourt(ouvert);
+}
+
+/// The least that an addition costs, with what the dialog leaves in the processor's caches.
+void PlancherDAjout(benchmark::State &etat, Enfant lequel, int personnes)
+{
+    const DocumentOuvert &ouvert = Ouvert(lequel, personnes);
+    ParentDesBoites parent(etat);
     for (auto _ : etat) {
-        DisposeArbre(*ouvert.doc.arbre, ouvert.doc.formats, ouvert.echelle, ouvert.echelle);
-        for (const Personne *personne = ouvert.doc.arbre->premiere; personne; personne = personne->suivante)
-            benchmark::DoNotOptimize(personne->numero);
+        DlgPers(&parent).exec();
+        DisposeEtParcourt(ouvert);
     }
 }
 
 void Enregistre(const char *ajout, const char *suppression, Enfant enfant, int personnes)
 {
-    const auto plancher = [=](benchmark::State &etat) { DisposeEtParcourt(etat, enfant, personnes); };
     EnregistreMesure(
         {ajout, limite, personnes, FoisParBoite(personnes)},
-        [=](benchmark::State &etat) { Ajoute(etat, enfant, personnes); }, plancher);
+        [=](benchmark::State &etat) { Ajoute(etat, enfant, personnes); },
+        [=](benchmark::State &etat) { PlancherDAjout(etat, enfant, personnes); });
     EnregistreMesure(
-        {suppression, limite, personnes}, [=](benchmark::State &etat) { Supprime(etat, enfant, personnes); }, plancher);
+        {suppression, limite, personnes}, [=](benchmark::State &etat) { Supprime(etat, enfant, personnes); },
+        [=](benchmark::State &etat) { PlancherDeSuppression(etat, enfant, personnes); });
 }
 
 }  // namespace
 
 void EnregistreEdition(int plusGrand)
 {
-    // Smaller trees cost less than what the dialog left in the processor's caches.
-    for (int personnes = 10000; personnes <= plusGrand; personnes *= 10) {
+    for (int personnes = 1000; personnes <= plusGrand; personnes *= 10) {
         Enregistre("ajout d'une personne à la fin", "suppression à la fin", Enfant::DeLaDerniereGeneration, personnes);
         Enregistre("ajout d'une personne au milieu", "suppression au milieu", Enfant::DuMilieu, personnes);
     }

@@ -32,6 +32,7 @@ void RamelierApp::AnnulerSuppression()
         return;
     Personne *remise = arbre.AjoutePersonne(enfant, pere);
     delete std::exchange(remise->info, std::exchange(arbre.infoSauvee, nullptr));
+    arbre.TextesChanges(*remise);
     arbre.numeroSauve = 0;
     Q_EMIT docChanged(1);
     doc->modifie = true;

@@ -34,6 +34,13 @@ bool Commence(quint64 numero, quint64 debut)
     return numero == debut;
 }
 
+/// Numbers strictly increase around \a personne.
+bool EstEntreSesVoisines(const Personne &personne)
+{
+    return (!personne.precedente || personne.precedente->numero < personne.numero)
+        && (!personne.suivante || personne.numero < personne.suivante->numero);
+}
+
 }  // namespace
 
 Annuaire::Annuaire(const Arbre &arbre)
@@ -74,6 +81,12 @@ Personne *Annuaire::DeNumero(quint64 numero) const
 {
     Personne *personne = DeRang(RangDuNumero(numero));
     return personne && personne->numero == numero ? personne : nullptr;
+}
+
+Personne *Annuaire::DAvant(quint64 numero) const
+{
+    const std::size_t rang = RangDuNumero(numero);
+    return rang > 0 ? personnes[rang - 1] : nullptr;
 }
 
 Personne *Annuaire::EnfantDe(const Personne &parent) const
@@ -147,4 +160,23 @@ void Annuaire::TextesChanges(const Personne &personne)
 {
     if (const std::optional<std::size_t> rang = RangDe(&personne))
         cles[*rang] = ClesDeNom(personne.info);
+}
+
+void Annuaire::Vient(Personne *personne)
+{
+    const std::size_t rang = RangDe(personne->suivante).value_or(personnes.size());
+    const auto place = static_cast<std::ptrdiff_t>(rang);
+    personnes.insert(personnes.begin() + place, personne);
+    cles.insert(cles.begin() + place, ClesDeNom(personne->info));
+    trie = trie && EstEntreSesVoisines(*personne);
+}
+
+void Annuaire::Part(const Personne &personne)
+{
+    const std::optional<std::size_t> rang = RangDe(&personne);
+    if (!rang)
+        return;
+    const auto place = static_cast<std::ptrdiff_t>(*rang);
+    personnes.erase(personnes.begin() + place);
+    cles.erase(cles.begin() + place);
 }

@@ -11,8 +11,8 @@
 class Arbre;
 class Personne;
 
-/// The persons of a tree by their place in the list, by their number and by the beginnings of their names. Good until a
-/// person comes or goes; texts may change (TextesChanges). What is said of O(log n) holds for lists sorted by strictly
+/// The persons of a tree by their place in the list, by their number and by the beginnings of their names. To be told who
+/// comes (Vient), goes (Part) and whose texts change (TextesChanges). What is said of O(log n) holds for lists sorted by strictly
 /// increasing numbers, as they should be; any other list takes O(n), and gives the first person in its order.
 class Annuaire
 {
@@ -37,8 +37,17 @@ public:
     /// begins with these digits, as above. None for anything but digits. O(log n).
     [[nodiscard]] Personne *Prochaine(const Personne *depuis, bool avecElle, QStringView debut) const;
 
+    /// True when the numbers strictly increase along the list; once they did not, it may stay false.
+    [[nodiscard]] bool EstTrie() const { return trie; }
+    /// The last person whose number is smaller than \a numero; none when there is none. O(log n). Precondition: EstTrie().
+    [[nodiscard]] Personne *DAvant(quint64 numero) const;
+
     /// To be called when the texts of \a personne, of the list, changed. O(log n).
     void TextesChanges(const Personne &personne);
+    /// To be called when \a personne has come into the list. O(log n), and the moving of what stands behind it.
+    void Vient(Personne *personne);
+    /// To be called before \a personne leaves the list. As Vient.
+    void Part(const Personne &personne);
 
 private:
     template <typename Test>

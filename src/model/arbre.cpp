@@ -32,12 +32,21 @@ void Arbre::AjouteALaFin(Personne *personne)
     }
     derniere = personne;
     ++nombrePersonnes;
+    if (annuaire)
+        annuaire->Vient(personne);
+}
+
+Personne *Arbre::DepartVers(const Personne &personne) const
+{
+    const Annuaire *trie = AnnuaireTrie();
+    Personne *avant = trie ? trie->DAvant(personne.numero) : nullptr;
+    return avant ? avant : premiere;
 }
 
 void Arbre::Insere(Personne *personne, Personne *depuis)
 {
     OublieLesPlaces();
-    for (Personne *courante = depuis ? depuis : premiere; courante && courante->suivante;
+    for (Personne *courante = depuis ? depuis : DepartVers(*personne); courante && courante->suivante;
          courante = courante->suivante) {
         Personne *apres = courante->suivante;
         if (personne->numero > courante->numero && personne->numero < apres->numero) {
@@ -46,6 +55,8 @@ void Arbre::Insere(Personne *personne, Personne *depuis)
             courante->suivante = personne;
             apres->precedente = personne;
             ++nombrePersonnes;
+            if (annuaire)
+                annuaire->Vient(personne);
             return;
         }
     }
@@ -80,6 +91,8 @@ void Arbre::SupprimePersonne()
     Personne *supprimee = std::exchange(selection, nullptr);
     const bool etaitLaDerniere = supprimee == derniere;
 
+    if (annuaire)
+        annuaire->Part(*supprimee);
     DetacheDeSonEnfant(supprimee);
     supprimee->precedente->suivante = supprimee->suivante;
     if (etaitLaDerniere)

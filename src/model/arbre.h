@@ -35,7 +35,8 @@ public:
     void AjouteALaFin(Personne *personne);
     /// Inserts \a personne where its number belongs (at the tail when no place is found), counts it, and adds one
     /// generation when it opens a new one. Takes ownership. O(n), or the distance from \a depuis, a person of the
-    /// list whose number is smaller: in a sorted list the place is the same.
+    /// list whose number is smaller: in a sorted list the place is the same. O(log n) when the list is sorted and has its
+    /// Annuaire.
     void AjouteASaPlace(Personne *personne, Personne *depuis = nullptr);
     /// Fills the parent pointers from the parent numbers; called once after a whole tree was read. Linear. A number that
     /// nobody later in the list bears leaves its pointer none; each person becomes the parent of one child at most.
@@ -62,7 +63,8 @@ public:
     bool Selectionne(Personne *personne);
     /// Whom a click at that pixel selects; none beside every box.
     [[nodiscard]] Personne *PersonneSous(long px, long py, float sx, float sy, const FormatsDessins &formats) const;
-    /// The persons by place, number and name; made when it is first asked for after somebody came or went.
+    /// The persons by place, number and name; made when it is first asked for, and kept from then on: adding and
+    /// deleting find their places in it.
     [[nodiscard]] const Annuaire &SonAnnuaire() const;
 
     /// Draws every person in list order, then the links. Where the painter clips, what lies outside is skipped: the
@@ -101,7 +103,9 @@ public:
 
 private:
     void Insere(Personne *personne, Personne *depuis);
+    [[nodiscard]] Personne *DepartVers(const Personne &personne) const;
     void RetrouveSesParents(Personne *personne);
+    [[nodiscard]] const Annuaire *AnnuaireTrie() const;
     void DetacheDeSonEnfant(const Personne *parent);
     void Parcourt(const std::function<bool(const Bloc &)> &question,
                   const std::function<void(const Bloc &)> &visite) const;

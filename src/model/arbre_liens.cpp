@@ -1,9 +1,10 @@
+#include "annuaire.h"
 #include "arbre.h"
-
 #include "personne.h"
 
 #include <QHash>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -55,7 +56,10 @@ void Arbre::RetrouveSesParents(Personne *personne)
     if (personne->numero > std::numeric_limits<quint64>::max() / 2)
         return;
     const quint64 numeroPere = 2 * personne->numero;
-    for (Personne *candidate = personne->suivante; candidate; candidate = candidate->suivante) {
+    const Annuaire *trie = AnnuaireTrie();
+    const Personne *avant = trie ? trie->DAvant(std::max(numeroPere, personne->numero + 1)) : personne;
+    Personne *candidate = avant->suivante;
+    for (; candidate && !(trie && candidate->numero > numeroPere + 1); candidate = candidate->suivante) {
         if (candidate->numero == numeroPere) {
             personne->pere = candidate->numero;
             personne->ptrPere = candidate;

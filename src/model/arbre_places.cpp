@@ -13,7 +13,6 @@ void Arbre::NoteLesPlaces(std::optional<MesuresDisposition> mesures)
 void Arbre::OublieLesPlaces()
 {
     index.reset();
-    annuaire.reset();
 }
 
 bool Arbre::EstPlaceAvec(const MesuresDisposition &mesures) const
@@ -36,6 +35,11 @@ const Annuaire &Arbre::SonAnnuaire() const
     if (!annuaire)
         annuaire = std::make_unique<Annuaire>(*this);
     return *annuaire;
+}
+
+const Annuaire *Arbre::AnnuaireTrie() const
+{
+    return annuaire && annuaire->EstTrie() ? annuaire.get() : nullptr;
 }
 
 void Arbre::Parcourt(const std::function<bool(const Bloc &)> &question,

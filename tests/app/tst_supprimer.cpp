@@ -1,5 +1,6 @@
 #include "fenetre.h"
 
+#include "annuaire.h"
 #include "arbre.h"
 #include "arbres.h"
 #include "infopersonne.h"
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void annulerRemetLePere();
     void annulerRemetLaMere();
     void annulerRemetTousLesTextes();
+    void quiRevientSeChercheParSonNom();
     void uneSuppressionNeSAnnuleQuUneFois();
     void unePlaceRepriseRefuseLAnnulation();
     void lesTextesDUnAutreRefusentLAnnulation();
@@ -270,6 +272,20 @@ void TestSupprimer::annulerRemetTousLesTextes()
     QCOMPARE(jean->info->fichtml, "jean.html");
     QCOMPARE(jean->affichable, true);
     QCOMPARE(jean->selectionnee, false);
+}
+
+void TestSupprimer::quiRevientSeChercheParSonNom()
+{
+    const auto louis = [this] {
+        const Personne *trouvee =
+            fenetre->doc->arbre->SonAnnuaire().Prochaine(nullptr, true, NomCherche(QStringView(u"louis")));
+        return trouvee ? trouvee->numero : 0;
+    };
+    QCOMPARE(louis(), 6U);
+    Supprime(6);
+    QCOMPARE(louis(), 0U);
+    fenetre->actAnnuler->trigger();
+    QCOMPARE(louis(), 6U);
 }
 
 void TestSupprimer::uneSuppressionNeSAnnuleQuUneFois()

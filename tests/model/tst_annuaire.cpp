@@ -72,6 +72,62 @@ bool ALeNom(const Personne &personne, const QString &tape)
     return prenomDAbord || SansAccents(parties.join(' ')).startsWith(debut);
 }
 
+Personne *DeRang(const Arbre &arbre, int rang)
+{
+    Personne *personne = arbre.premiere;
+    for (int i = 0; i < rang && personne; ++i)
+        personne = personne->suivante;
+    return personne;
+}
+
+/// Everybody in list order, with the numbers and the persons of the parents.
+QString ListeEtLiens(const Arbre &arbre)
+{
+    QString texte = NumerosEnTexte(arbre) + u'\n';
+    for (const Personne *personne = arbre.premiere; personne; personne = personne->suivante) {
+        texte += QStringLiteral("%1<%2: %3=%4 %5=%6\n")
+                     .arg(personne->numero)
+                     .arg(personne->enfant)
+                     .arg(personne->pere)
+                     .arg(NumeroOuZero(personne->ptrPere))
+                     .arg(personne->mere)
+                     .arg(NumeroOuZero(personne->ptrMere));
+    }
+    return texte;
+}
+
+/// Whom each place, each person, each number and the beginnings of some names lead to.
+QString Reponses(const Annuaire &annuaire, const Arbre &arbre)
+{
+    QString texte = QString::number(annuaire.Nombre()) + u'\n';
+    for (std::size_t rang = 0; rang < annuaire.Nombre(); ++rang) {
+        const Personne *personne = annuaire.DeRang(rang);
+        const Personne *memeNumero = annuaire.DeNumero(personne->numero);
+        texte += QStringLiteral("%1 %2 %3\n")
+                     .arg(annuaire.RangDe(personne).value())
+                     .arg(annuaire.RangDe(memeNumero).value())
+                     .arg(personne->numero);
+    }
+    for (const QStringView debut : {QStringView(u"n1"), QStringView(u"n2"), QStringView(u"neuf")})
+        texte += QString::number(NumeroOuZero(annuaire.Prochaine(arbre.derniere, false, NomCherche(debut)))) + u'\n';
+    return texte;
+}
+
+/// At random, the same in every tree of the same persons.
+void AjouteOuSupprime(Arbre &arbre, std::mt19937 tirage)
+{
+    Personne *personne = DeRang(arbre, static_cast<int>(tirage() % arbre.nombrePersonnes));
+    const bool pere = tirage() % 2 == 0;
+    if (tirage() % 3 == 0) {
+        arbre.Selectionne(personne);
+        arbre.SupprimePersonne();
+    } else if (!(pere ? personne->ptrPere : personne->ptrMere)) {
+        Personne *venue = arbre.AjoutePersonne(personne, pere);
+        venue->info->nom = QStringLiteral("Neuf");
+        arbre.TextesChanges(*venue);
+    }
+}
+
 }  // namespace
 
 /// Persons by place, number and name.
@@ -93,6 +149,8 @@ private Q_SLOTS:
     void laRechercheEstCelleDuBalayage();
     void unChangementDeTexteSeTrouve();
     void quiEntreOuSortSeTrouve();
+    void onEntreEtSortCommeSansAnnuaire_data();
+    void onEntreEtSortCommeSansAnnuaire();
 };
 
 void TestAnnuaire::unArbreVideNAPersonne()
@@ -335,6 +393,34 @@ void TestAnnuaire::quiEntreOuSortSeTrouve()
     arbre->SupprimePersonne();
     QCOMPARE(arbre->SonAnnuaire().Nombre(), 3U);
     QVERIFY(!arbre->SonAnnuaire().DeNumero(7));
+}
+
+void TestAnnuaire::onEntreEtSortCommeSansAnnuaire_data()
+{
+    laRechercheEstCelleDuBalayage_data();
+}
+
+void TestAnnuaire::onEntreEtSortCommeSansAnnuaire()
+{
+    QFETCH(const quint32, graine);
+    QFETCH(const bool, abime);
+    std::mt19937 tirage(graine);
+    const Hasard hasard{.graine = graine, .personnes = 30, .chanceParent = 0.7};
+    const auto arbre = ArbreAuHasard(hasard);
+    const auto sansAnnuaire = ArbreAuHasard(hasard);
+    for (Personne *une = arbre->premiere, *autre = sansAnnuaire->premiere; abime && une;
+         une = une->suivante, autre = autre->suivante) {
+        if (tirage() % 4 == 0)
+            une->numero = autre->numero = tirage() % 20;
+    }
+    const Annuaire &tenu = arbre->SonAnnuaire();
+    for (int pas = 0; pas < 150; ++pas) {
+        const std::mt19937 hasardDuPas(tirage());
+        AjouteOuSupprime(*arbre, hasardDuPas);
+        AjouteOuSupprime(*sansAnnuaire, hasardDuPas);
+        QCOMPARE(ListeEtLiens(*arbre), ListeEtLiens(*sansAnnuaire));
+        QCOMPARE(Reponses(tenu, *arbre), Reponses(Annuaire(*arbre), *arbre));
+    }
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestAnnuaire)

@@ -1,5 +1,6 @@
 #include "ramelierdoc.h"
 
+#include "annuaire.h"
 #include "annulationreservee.h"
 #include "arbre.h"
 #include "boites.h"
@@ -47,15 +48,6 @@ void RechargePhoto(InfoPersonne &info, const QString &repertoire)
     if (!info.ficphoto.isEmpty())
         info.etatPhoto = info.ChargePhoto(repertoire) ? InfoPersonne::PhotoChargee : InfoPersonne::PhotoAbsente;
     OublieLesPhotosInutiles();
-}
-
-/// The person whose parent \a parent is, or none.
-Personne *EnfantDe(const Arbre &arbre, const Personne &parent)
-{
-    Personne *enfant = arbre.premiere;
-    while (enfant && enfant->numero != parent.enfant)
-        enfant = enfant->suivante;
-    return enfant;
 }
 
 /// The first person of the list who names \a numero as a parent, or none: whom a deletion of that number detaches.
@@ -214,7 +206,7 @@ void RamelierDoc::SupPersonne(QString &repertoire)
     const Personne &supprimee = *arbre->selection;
     arbre->OublieAnnulation();
     arbre->SauveInfoPersonne(repertoire);
-    if (Personne *enfant = EnfantDe(*arbre, supprimee))
+    if (Personne *enfant = arbre->SonAnnuaire().DeNumero(supprimee.enfant))
         (enfant->pere == supprimee.numero ? arbre->enfantSansPere : arbre->enfantSansMere) = enfant;
     arbre->SupprimePersonne();
     Q_EMIT autoriseAnnulation();
