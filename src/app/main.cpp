@@ -8,8 +8,10 @@
 
 int main(int argc, char **argv)
 {
+    const std::future<void> polices = ChercheLesPolices();
     QApplication application(argc, argv);
     PrepareLApplication(application, QStringLiteral("ramelier"));
+    polices.wait();
     auto *fenetre = new RamelierApp(argc, argv);
     const auto metEnSurete = [fenetre = QPointer(fenetre)] {
         if (fenetre)

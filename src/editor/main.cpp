@@ -13,8 +13,10 @@
 /// The editor of sheets as a program of its own: lyedithtml [FILE]
 int main(int argc, char **argv)
 {
+    const std::future<void> polices = ChercheLesPolices();
     QApplication application(argc, argv);
     PrepareLApplication(application, QStringLiteral("lyedithtml"));
+    polices.wait();
     const QString fichier = argc >= 2 ? QFile::decodeName(argv[1]) : QString();
     const LyTextEdit editeur(QStringLiteral("LyEditHtml"), fichier, true, QFile::decodeName(argv[0]),
                              QStringLiteral("1.0"));

@@ -7,10 +7,18 @@
 #include <QIcon>
 #include <QImageReader>
 
+#include <fontconfig/fontconfig.h>
+
 // Resources of a static library are only found when somebody names them, and only from the global namespace.
 static void EnregistreLesIcones()
 {
     Q_INIT_RESOURCE(ramelier);
+}
+
+std::future<void> ChercheLesPolices()
+{
+    // Kept by the library for the whole process: the toolkit's own search then finds it done. Without fonts it says so.
+    return std::async([] { FcInit(); });
 }
 
 void PrepareLApplication(QApplication &application, const QString &programme)
