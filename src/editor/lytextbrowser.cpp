@@ -107,10 +107,14 @@ void LyTextBrowser::Montre(const QString &fichier)
         navigateur->setSource(QUrl::fromLocalFile(fichier));
         return;
     }
-    const QByteArray octets = OctetsFiche(fichier);
+    QString cause;
+    const QByteArray octets = OctetsFiche(fichier, &cause);
     navigateur->setPlainText(TexteFicheSimple(octets));
-    if (octets.isNull())
+    if (octets.isNull()) {
+        statusBar()->showMessage(NavigateurFiche::NonLu(fichier, cause));
         return;
+    }
+    statusBar()->clearMessage();
     legende = titre + QStringLiteral(" - ") + info.fileName();
     setWindowTitle(legende);
 }

@@ -39,9 +39,17 @@ QVariant NavigateurFiche::loadResource(int type, const QUrl &nom)
         return style()->standardIcon(QStyle::SP_FileIcon).pixmap(16, 16);
     if (type != QTextDocument::HtmlResource)
         return ordinaire ? QTextBrowser::loadResource(type, url) : QVariant();
-    const QByteArray octets = OctetsFiche(chemin);
+    QString cause;
+    const QByteArray octets = OctetsFiche(chemin, &cause);
     if (!octets.isNull())
         return SansTablesProfondes(TexteFicheHtml(octets));
-    return QStringLiteral("<p>Le fichier %1 n'existe pas !</p>")
-        .arg((chemin.isEmpty() ? url.toDisplayString() : chemin).toHtmlEscaped());
+    const QString refus = fichier.exists()
+        ? NonLu(chemin, cause)
+        : QStringLiteral("Le fichier %1 n'existe pas !").arg(chemin.isEmpty() ? url.toDisplayString() : chemin);
+    return QStringLiteral("<p>%1</p>").arg(refus.toHtmlEscaped());
+}
+
+QString NavigateurFiche::NonLu(const QString &fichier, const QString &cause)
+{
+    return QStringLiteral("Le fichier %1 ne peut pas être lu : %2.").arg(fichier, cause);
 }

@@ -12,4 +12,7 @@ public:
     explicit NavigateurFiche(QWidget *parent);
 
     QVariant loadResource(int type, const QUrl &nom) override;
+
+    /// What is said of a file that is there but was not read, for the reason \a cause.
+    [[nodiscard]] static QString NonLu(const QString &fichier, const QString &cause);
 };

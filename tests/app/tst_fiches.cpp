@@ -28,7 +28,6 @@ private Q_SLOTS:
     void laFicheEstChercheeAvecLeDernierArbre();
     void fermerLaFenetreFermeLesFiches();
     void sansSelectionRienNeSePasse();
-    void lesIconesExistent();
 
 private:
     void Ouvre(const QString &fiche);
@@ -79,6 +78,8 @@ void TestFiches::laFicheEstMontree_data()
                           << "été" << debut + "Titre";
     QTest::newRow("htm en capitales") << "notes.HTM"
                                       << "été" << debut + "Titre";
+    QTest::newRow("html en capitales") << "notes.HTML"
+                                       << "été" << debut + "Titre";
     QTest::newRow("texte") << "notes.txt"
                            << "<title>Titre</title><b>été</b>" << debut + "notes.txt";
     QTest::newRow("htm dans le nom de son dossier") << "fiches.htm/notes.txt"
@@ -173,18 +174,6 @@ void TestFiches::sansSelectionRienNeSePasse()
     fenetre->slotAffFicheHTML();
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(Afficheurs().size(), 0);
-}
-
-void TestFiches::lesIconesExistent()
-{
-    dossier->Ecrit("notes.txt", "a");
-    Ouvre("notes.txt");
-    Clique(*fenetre, 12);
-    fenetre->actAffFicheHTML->trigger();
-    const LyTextBrowser &afficheur = *Afficheurs().constFirst();
-    for (const QAction *action : {afficheur.actFilePrint, afficheur.actSuivant, afficheur.actPrecedent,
-                                  afficheur.actRecharger, afficheur.actOrigine})
-        QVERIFY2(!action->icon().pixmap(16, 16).isNull(), qPrintable(action->text()));
 }
 
 RAMELIER_TEST_BUREAU_MAIN(TestFiches)

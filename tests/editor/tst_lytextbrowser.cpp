@@ -1,7 +1,7 @@
 #include "bureausombre.h"
-#include "environnement.h"
 #include "lytextbrowser.h"
 #include "navigateurfiche.h"
+#include "programmebureau.h"
 #include "scenario.h"
 
 #include <QAction>
@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QSignalSpy>
@@ -18,6 +19,8 @@
 #include <poppler-qt6.h>
 
 #include <optional>
+
+#include <sys/stat.h>
 
 /// The window that shows a sheet.
 class TestLyTextBrowser : public QObject
@@ -29,6 +32,7 @@ private Q_SLOTS:
     void cleanup();
     void lesActions_data();
     void lesActions();
+    void lesActionsDansLOrdre();
     void lesMenusEtLaBarre();
     void unTexteEstMontreTelQuel();
     void unTexteIllisibleLaisseLeTitre();
@@ -38,6 +42,8 @@ private Q_SLOTS:
     void unLienEcritALaMainSeSuit();
     void lienSousLaSourisDansLaBarreDeStatut();
     void uneImageAbsenteEtUnLienMortNeGenentPas();
+    void cePourquoiUneFicheNEstPasLue_data();
+    void cePourquoiUneFicheNEstPasLue();
     void rienNeVientDuReseau();
     void laBarreDOutilsSeCache();
     void laQuestionDitSesTextes();
@@ -107,28 +113,29 @@ void TestLyTextBrowser::lesActions_data()
     QTest::addColumn<QString>("raccourci");
     QTest::addColumn<QString>("status");
     QTest::addColumn<QString>("quEstCe");
+    QTest::addColumn<QString>("icone");
     using Vue = LyTextBrowser;
-    const auto ligne = [](MembreAction membre, const char *texte, const char *raccourci, const char *status,
-                          const char *quEstCe) {
+    const auto ligne = [](MembreAction membre, const char *texte, const char *raccourci, const char *icone,
+                          const char *status, const char *quEstCe) {
         QTest::newRow(texte) << membre << QString::fromUtf8(texte) << QString::fromUtf8(raccourci)
-                             << QString::fromUtf8(status) << QString::fromUtf8(quEstCe);
+                             << QString::fromUtf8(status) << QString::fromUtf8(quEstCe) << QString::fromUtf8(icone);
     };
-    ligne(&Vue::actFilePrint, "Im&primer", "Ctrl+P", "Imprime le texte affiché",
+    ligne(&Vue::actFilePrint, "Im&primer", "Ctrl+P", ":/images/printer.png", "Imprime le texte affiché",
           "Imprimer\n\nImprime le texte affiché");
-    ligne(&Vue::actFileQuit, "&Fermer", "Ctrl+Q", "Ferme cette fenêtre", "Fermer\n\nFerme cette fenêtre");
-    ligne(&Vue::actSuivant, "Page suivante", "Alt+Right", "Page suivante",
+    ligne(&Vue::actFileQuit, "&Fermer", "Ctrl+Q", "", "Ferme cette fenêtre", "Fermer\n\nFerme cette fenêtre");
+    ligne(&Vue::actSuivant, "Page suivante", "Alt+Right", ":/images/forward.png", "Page suivante",
           "Page suivante\n\nPermet d'aller à la page suivante\ndans l'historique de la navigation en cours");
-    ligne(&Vue::actPrecedent, "Page précédente", "Alt+Left", "Page précédente",
+    ligne(&Vue::actPrecedent, "Page précédente", "Alt+Left", ":/images/backward.png", "Page précédente",
           "Page précédente\n\nPermet d'aller à la page précédente\ndans l'historique de la navigation en cours");
-    ligne(&Vue::actRecharger, "Recharger", "F5", "Recharger",
+    ligne(&Vue::actRecharger, "Recharger", "F5", ":/images/recharger.png", "Recharger",
           "Recharger\n\nRecharge le document affiché dans le navigateur");
-    ligne(&Vue::actOrigine, "Origine", "Alt+Up", "Origine",
+    ligne(&Vue::actOrigine, "Origine", "Alt+Up", ":/images/debut.png", "Origine",
           "Origine\n\nPermet de retourner à la première page ouverte\ndans l'historique de la navigation en cours");
-    ligne(&Vue::actViewToolBar, "Barre d'outils", "", "Active/désactive la barre d'outils",
+    ligne(&Vue::actViewToolBar, "Barre d'outils", "", "", "Active/désactive la barre d'outils",
           "Barre d'outils\n\nActive/désactive la barre d'outils");
-    ligne(&Vue::actHelpAbout, "A propos de l'afficheur de textes", "", "A propos de l'afficheur de textes",
+    ligne(&Vue::actHelpAbout, "A propos de l'afficheur de textes", "", "", "A propos de l'afficheur de textes",
           "A propos\n\nA propos de l'afficheur de textes");
-    ligne(&Vue::actHelpAboutQt, "A propos de Qt", "", "A propos de l'outil de développement de l'application",
+    ligne(&Vue::actHelpAboutQt, "A propos de Qt", "", "", "A propos de l'outil de développement de l'application",
           "A propos de Qt\n\nA propos de l'outil de développement l'application");
 }
 
@@ -141,13 +148,31 @@ void TestLyTextBrowser::lesActions()
     QTEST(action.shortcut().toString(QKeySequence::PortableText), "raccourci");
     QTEST(action.statusTip(), "status");
     QTEST(action.whatsThis(), "quEstCe");
+    QFETCH(const QString, icone);
+    QCOMPARE(action.icon().isNull(), icone.isEmpty());
+    QCOMPARE(action.icon().pixmap(16, 16).toImage(), QIcon(icone).pixmap(16, 16).toImage());
     QCOMPARE(action.isCheckable(), &action == fenetre->actViewToolBar);
     QCOMPARE(action.isChecked(), &action == fenetre->actViewToolBar);
+}
+
+void TestLyTextBrowser::lesActionsDansLOrdre()
+{
+    Ouvre(Ecrit("a.txt", "a"), false);
+    QList<QAction *> ordre;
+    for (QObject *enfant : fenetre->children()) {
+        if (auto *action = qobject_cast<QAction *>(enfant))
+            ordre += action;
+    }
+    QCOMPARE(Noms(ordre),
+             "Im&primer / &Fermer / Page suivante / Page précédente / Recharger / Origine / Barre d'outils / "
+             "A propos de l'afficheur de textes / A propos de Qt / "
+                 + fenetre->actWhatsThis->text());
 }
 
 void TestLyTextBrowser::lesMenusEtLaBarre()
 {
     Ouvre(Ecrit("a.txt", "a"), false);
+    QCOMPARE(Noms(fenetre->menuBar()->actions()), "&Fichier / Affichage / Aller à / &Aide");
     QCOMPARE(fenetre->menuFichier->title(), "&Fichier");
     QCOMPARE(Noms(fenetre->menuFichier->actions()), "Im&primer / | / &Fermer");
     QCOMPARE(fenetre->menuAffichage->title(), "Affichage");
@@ -258,6 +283,41 @@ void TestLyTextBrowser::uneImageAbsenteEtUnLienMortNeGenentPas()
     QCOMPARE(fenetre->windowTitle(), "Fiche - Un");
 }
 
+void TestLyTextBrowser::cePourquoiUneFicheNEstPasLue_data()
+{
+    QTest::addColumn<QString>("nom");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("plus de 16 Mio") << "immense"
+                                    << "Le fichier est trop grand";
+    QTest::newRow("dossier") << "dossier"
+                             << "le fichier à ouvrir est un répertoire";
+    QTest::newRow("tube") << "tube"
+                          << "Ce n'est pas un fichier ordinaire";
+}
+
+void TestLyTextBrowser::cePourquoiUneFicheNEstPasLue()
+{
+    QFETCH(const QString, nom);
+    QFETCH(const QString, cause);
+    QVERIFY(QFile(Ecrit("immense", "a")).resize((16 << 20) + 1));
+    QVERIFY(QDir(dossier->path()).mkdir("dossier"));
+    QCOMPARE(mkfifo(QFile::encodeName(dossier->filePath("tube")).constData(), 0600), 0);
+    const QString chemin = dossier->filePath(nom);
+    const QString dit = "Le fichier " + chemin + " ne peut pas être lu : " + cause + ".";
+    Ouvre(chemin, true);
+    QCOMPARE(fenetre->navigateur->toPlainText(), dit);
+    delete fenetre;
+    Ouvre(chemin, false);
+    QCOMPARE(fenetre->navigateur->toPlainText(), QString());
+    QCOMPARE(fenetre->windowTitle(), QString());
+    QCOMPARE(fenetre->statusBar()->currentMessage(), dit);
+    QVERIFY(QFile::remove(chemin) || QDir().rmdir(chemin));
+    Ecrit(nom, "lu enfin");
+    fenetre->actRecharger->trigger();
+    QCOMPARE(fenetre->navigateur->toPlainText(), "lu enfin");
+    QCOMPARE(fenetre->statusBar()->currentMessage(), QString());
+}
+
 void TestLyTextBrowser::rienNeVientDuReseau()
 {
     Ouvre(Ecrit("a.html", "<img src=\"http://localhost:9/a.png\"><p>texte</p>"), true);
@@ -341,6 +401,7 @@ void TestLyTextBrowser::aPropos()
     QCOMPARE(scenario.Ecarts(), QStringList());
     QCOMPARE(scenario.Boites().constFirst().titre, "A propos de l'afficheur de textes...");
     QCOMPARE(scenario.Boites().constFirst().texte, "LyTextBrowser - afficheur de textes\nVersion 0.2 pour Windows");
+    QVERIFY(scenario.Boites().constLast().texte.contains("Qt"));
 }
 
 void TestLyTextBrowser::fermerDetruitLaFenetre()
@@ -409,5 +470,5 @@ void TestLyTextBrowser::uneFicheChoisitLaCouleurDeSesLiens()
     QCOMPARE(PixelsDe(page, Qt::blue), 0);
 }
 
-RAMELIER_TEST_MAIN(QApplication, TestLyTextBrowser)
+RAMELIER_TEST_BUREAU_MAIN(TestLyTextBrowser)
 #include "tst_lytextbrowser.moc"
