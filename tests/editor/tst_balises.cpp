@@ -672,6 +672,8 @@ void TestBalises::insertTag_data()
                                        << ")" << -2 << 0 << "un\n(deu|x)\ntrois";
     QTest::newRow("lignes ajoutées") << 3 << 7 << "(\n"
                                      << "\n)" << 0 << -1 << "un\n(\n|deux\n)\ntrois";
+    QTest::newRow("caractères, puis lignes") << 3 << 7 << "(\n"
+                                             << "\n)" << -3 << -1 << "un\n|(\ndeux\n)\ntrois";
     QTest::newRow("du texte, pas du HTML") << 0 << 2 << "<b>&amp;"
                                            << "</b>" << 0 << 0 << "<b>&amp;un</b>|\ndeux\ntrois";
 }

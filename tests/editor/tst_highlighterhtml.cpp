@@ -15,6 +15,7 @@ private Q_SLOTS:
     void lesCouleursDUneLigne_data();
     void lesCouleursDUneLigne();
     void rienNePasseDUneLigneALAutre();
+    void seuleLaCouleurChange_data();
     void seuleLaCouleurChange();
     void unMegaoctetSurUneLigne();
 };
@@ -56,6 +57,12 @@ void TestHighlighterHtml::lesCouleursDUneLigne_data()
                           << "b..bbbbbggggggggb....b..b";
     QTest::newRow("deux valeurs") << R"(<img src="a" alt="b">)"
                                   << "b....bbbbggggbbbbgggb";
+    QTest::newRow("trois guillemets") << R"("a" b " c)"
+                                      << "ggggggg..";
+    QTest::newRow("valeur vide") << R"(<a href="">)"
+                                 << "b..bbbbbggb";
+    QTest::newRow("ligne vide") << ""
+                                << "";
     QTest::newRow("un guillemet seul") << R"(a "b)"
                                        << "....";
     QTest::newRow("type de document") << "<!DOCTYPE html>"
@@ -93,11 +100,20 @@ void TestHighlighterHtml::rienNePasseDUneLigneALAutre()
     QCOMPARE(Couleurs(document.findBlockByNumber(3)), ".......");
 }
 
+void TestHighlighterHtml::seuleLaCouleurChange_data()
+{
+    QTest::addColumn<QString>("texte");
+    QTest::newRow("bleu") << "<";
+    QTest::newRow("vert") << R"("a")";
+    QTest::newRow("rouge") << "<!";
+}
+
 void TestHighlighterHtml::seuleLaCouleurChange()
 {
+    QFETCH(const QString, texte);
     QTextDocument document;
     HighlighterHtml colore(&document);
-    document.setPlainText("<");
+    document.setPlainText(texte);
     colore.rehighlight();
     const QTextCharFormat format = document.firstBlock().layout()->formats().constFirst().format;
     QCOMPARE(format.properties().size(), 1);

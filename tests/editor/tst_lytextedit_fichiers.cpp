@@ -18,6 +18,7 @@ class TestLyTextEditFichiers : public QObject
 private Q_SLOTS:
     void init();
     void cleanup();
+    void lireFaitAttendre();
     void unFichierIllisibleEstDit_data();
     void unFichierIllisibleEstDit();
     void unFichierInterditEstDit();
@@ -105,6 +106,20 @@ void TestLyTextEditFichiers::EnregistreSous(const QString &nom)
     Choisit(scenario, atelier->dossier.Chemin(nom));
     atelier->editeur->actFileSaveAs->trigger();
     QCOMPARE(scenario.Ecarts(), QStringList());
+}
+
+void TestLyTextEditFichiers::lireFaitAttendre()
+{
+    LyTextEdit &editeur = atelier->Ouvre("a.html", "abc");
+    QList<Qt::CursorShape> pendant;
+    connect(editeur.texte, &QTextEdit::textChanged, this, [&pendant] {
+        const QCursor *curseur = QGuiApplication::overrideCursor();
+        pendant += curseur ? curseur->shape() : Qt::ArrowCursor;
+    });
+    atelier->dossier.Ecrit("b.html", "def");
+    QVERIFY(editeur.loadFile(atelier->dossier.Chemin("b.html")));
+    QCOMPARE(pendant, QList<Qt::CursorShape>{Qt::WaitCursor});
+    QVERIFY(!QApplication::overrideCursor());
 }
 
 void TestLyTextEditFichiers::unFichierIllisibleEstDit_data()

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void parLesRaccourcis_data();
     void parLesRaccourcis();
     void chaqueEditeurASaRecherche();
+    void unAutreTexteGardeLaRecherche();
     void laRechercheNEstPasEnregistree();
 
 private:
@@ -717,6 +718,22 @@ void TestRecherche::chaqueEditeurASaRecherche()
     QCOMPARE(RemplaceUneFois(editeur, "a", "b"), QStringList());
     QCOMPARE(autre.texteCherche, QString());
     QCOMPARE(autre.texteRemplacement, QString());
+}
+
+void TestRecherche::unAutreTexteGardeLaRecherche()
+{
+    LyTextEdit &editeur = Avec("Jean et Jean");
+    Scenario scenario;
+    Remplace(scenario, "Jean", "Jeanne", false);
+    QCOMPARE(Lance(editeur.actEditReplace, scenario), QStringList());
+    editeur.texte->document()->setModified(false);
+    editeur.actFileNew->trigger();
+    QCOMPARE(editeur.texte->toPlainText(), QString());
+    QStringList champs;
+    RegardeEtRenonce<DlgRemplace>(scenario, champs);
+    QCOMPARE(Lance(editeur.actEditReplace, scenario), QStringList());
+    QCOMPARE(champs,
+             (QStringList{"lineEditCherche=Jean|Jean", "lineEditRemplace=Jeanne|", "sans casse", "sans parent"}));
 }
 
 void TestRecherche::laRechercheNEstPasEnregistree()
