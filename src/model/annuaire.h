@@ -12,8 +12,8 @@ class Arbre;
 class Personne;
 
 /// The persons of a tree by their place in the list, by their number and by the beginnings of their names. To be told who
-/// comes (Vient), goes (Part) and whose texts change (TextesChanges). What is said of O(log n) holds for lists sorted by strictly
-/// increasing numbers, as they should be; any other list takes O(n), and gives the first person in its order.
+/// comes (Vient), goes (Part) and whose texts change (TextesChanges). What is said of O(log n) holds for lists sorted by
+/// strictly increasing numbers, as they should be; any other list takes O(n), and gives the first person in its order.
 class Annuaire
 {
 public:
