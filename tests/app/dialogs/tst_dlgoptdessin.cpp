@@ -1,4 +1,4 @@
-#include "formulaire.h"
+#include "presentationdessai.h"
 
 #include "dlgoptdessin.h"
 
@@ -78,17 +78,7 @@ void TestDlgOptDessin::lesTextesSontCeuxPrevus()
 
 void TestDlgOptDessin::chaqueChampASonLabel_data()
 {
-    QTest::addColumn<QString>("texte");
-
-    QTest::newRow("sbLCadre") << "Cadres : Largeur :";
-    QTest::newRow("sbHCadre") << "Hauteur :";
-    QTest::newRow("sbDMinHoriz") << "Distance minimum Horizontale entre deux cadres : ";
-    QTest::newRow("sbDMinVert") << "Distance minimum Verticale entre deux cadres : ";
-    QTest::newRow("sbMargeMin") << "Marge générale haute et gauche : ";
-    QTest::newRow("sbMargeDansCadre") << "Marge des textes dans les cadres : ";
-    QTest::newRow("sbIntervCadrePhoto") << "Distance entre cadre et photo associée : ";
-    QTest::newRow("dsbEpTrait") << "Epaisseur des traits :";
-    QTest::newRow("dsbRayonArc") << "Rayon des arcs de cercle : ";
+    LabelsDesLongueurs();
 }
 
 void TestDlgOptDessin::chaqueChampASonLabel()
@@ -200,29 +190,12 @@ void TestDlgOptDessin::ceQuiEstMontreEstSaisi()
 
 void TestDlgOptDessin::chaqueChampChangeSonReglage_data()
 {
-    QTest::addColumn<QString>("saisi");
-
-    QTest::newRow("sbLCadre") << "88 12 13 14 15 16 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbHCadre") << "11 88 13 14 15 16 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbDMinHoriz") << "11 12 88 14 15 16 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbDMinVert") << "11 12 13 88 15 16 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbMargeMin") << "11 12 13 14 88 16 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbMargeDansCadre") << "11 12 13 14 15 88 17 0.7 3.3 #0a141e";
-    QTest::newRow("sbIntervCadrePhoto") << "11 12 13 14 15 16 88 0.7 3.3 #0a141e";
-    QTest::newRow("dsbEpTrait") << "11 12 13 14 15 16 17 88.0 3.3 #0a141e";
-    QTest::newRow("dsbRayonArc") << "11 12 13 14 15 16 17 0.7 88.0 #0a141e";
+    SaisiesDesLongueurs("#0a141e");
 }
 
 void TestDlgOptDessin::chaqueChampChangeSonReglage()
 {
-    auto *champ = dialogue->findChild<QAbstractSpinBox *>(QTest::currentDataTag());
-    QVERIFY(champ);
-    champ->setFocus();
-    champ->selectAll();
-    QTest::keyClicks(champ, "88");
-    // Return takes what is typed, then accepts.
-    QTest::keyClick(champ, Qt::Key_Return);
-    QCOMPARE(dialogue->result(), int(QDialog::Accepted));
+    Tape88(*dialogue, QTest::currentDataTag());
     QTEST(EnTexte(dialogue->Saisie()), "saisi");
 }
 

@@ -1,4 +1,4 @@
-#include "formulaire.h"
+#include "presentationdessai.h"
 
 #include "dlgpolices.h"
 
@@ -33,21 +33,12 @@ private Q_SLOTS:
     void laReferenceResteTelleQuelle();
 
 private:
-    [[nodiscard]] QStringList Labels() const;
-
     LesPolices reference;
     std::unique_ptr<DlgPolices> dialogue;
 };
 
 namespace {
 
-const LesPolices montrees{QFont("Liberation Serif", 9), QFont("Liberation Mono", 13, QFont::Bold, true),
-                          QFont("Liberation Sans", 31, QFont::Bold), QFont("Liberation Serif", 11, QFont::Normal, true),
-                          QColor(10, 20, 30)};
-const QStringList labelsMontres{"Liberation Serif 9", "Liberation Mono Bold Italic 13", "Liberation Sans Bold 31",
-                                "Liberation Serif Italic 11"};
-const QStringList policesMontrees{"Liberation Serif 9 400", "Liberation Mono 13 700 italique", "Liberation Sans 31 700",
-                                  "Liberation Serif 11 400 italique", "#0a141e"};
 const QStringList policesDeReference{"Helvetica 7 400", "Liberation Mono 15 400 italique", "Courier 29 700",
                                      "Liberation Sans 10 700 italique", "#c80a64"};
 
@@ -70,19 +61,8 @@ void TestDlgPolices::init()
                  QFont("Courier", 29, QFont::Bold), QFont("Liberation Sans", 10, QFont::Bold, true),
                  QColor(200, 10, 100)};
     dialogue = std::make_unique<DlgPolices>(&reference, nullptr);
-    dialogue->Montre(montrees);
+    dialogue->Montre(policesDessai);
     QVERIFY(Affiche(*dialogue));
-}
-
-QStringList TestDlgPolices::Labels() const
-{
-    return {dialogue->labelFamilleTextes->text() + ' ' + dialogue->labelTailleTextes->text(),
-            dialogue->labelFamilleNumeros->text() + ' ' + dialogue->labelStyleNumeros->text() + ' '
-                + dialogue->labelTailleNumeros->text(),
-            dialogue->labelFamilleTitre->text() + ' ' + dialogue->labelStyleTitre->text() + ' '
-                + dialogue->labelTailleTitre->text(),
-            dialogue->labelFamilleLegende->text() + ' ' + dialogue->labelStyleLegende->text() + ' '
-                + dialogue->labelTailleLegende->text()};
 }
 
 void TestDlgPolices::lesTextesSontCeuxPrevus()
@@ -122,8 +102,8 @@ void TestDlgPolices::chaqueLigneMeneASonBouton()
 
 void TestDlgPolices::lesLabelsMontrentLesPolices()
 {
-    QCOMPARE(Labels(), labelsMontres);
-    QCOMPARE(EnTextes(dialogue->polices), policesMontrees);
+    QCOMPARE(LabelsDesPolices(*dialogue), labelsDessai);
+    QCOMPARE(EnTextes(dialogue->polices), policesDessaiEnTextes);
     QVERIFY(dialogue->findChild<QLineEdit *>("LineEditCouleur"));
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleur, QColor(10, 20, 30)), QString());
     QCOMPARE(dialogue->policesReference, &reference);
@@ -131,7 +111,7 @@ void TestDlgPolices::lesLabelsMontrentLesPolices()
 
 void TestDlgPolices::lesTextesNOntPasDeStyle()
 {
-    LesPolices grasses = montrees;
+    LesPolices grasses = policesDessai;
     for (QFont *police : {&grasses.policeTextes, &grasses.policeNumeros, &grasses.policeTitre, &grasses.policeLegende})
         *police = QFont("Liberation Sans", 10, QFont::Bold, true);
     dialogue->Montre(grasses);
@@ -151,10 +131,10 @@ void TestDlgPolices::unBoutonNeChangeQueSaPolice()
     ProchainePolice(scenario, QFont("Liberation Serif", 22, QFont::Bold, true), true);
     Clique(Bouton(*dialogue, bouton));
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QStringList labels = labelsMontres;
+    QStringList labels = labelsDessai;
     labels[rang] = rang == 0 ? "Liberation Serif 22" : "Liberation Serif Bold Italic 22";
-    QCOMPARE(Labels(), labels);
-    QStringList polices = policesMontrees;
+    QCOMPARE(LabelsDesPolices(*dialogue), labels);
+    QStringList polices = policesDessaiEnTextes;
     polices[rang] = "Liberation Serif 22 700 italique";
     QCOMPARE(EnTextes(dialogue->polices), polices);
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleur, QColor(10, 20, 30)), QString());
@@ -164,7 +144,7 @@ void TestDlgPolices::unBoutonNeChangeQueSaPolice()
     ProchainePolice(scenario, QFont("Liberation Mono", 6, QFont::Normal, false), true);
     Clique(Bouton(*dialogue, bouton));
     labels[rang] = rang == 0 ? "Liberation Mono 6" : "Liberation Mono Normal 6";
-    QCOMPARE(Labels(), labels);
+    QCOMPARE(LabelsDesPolices(*dialogue), labels);
     polices[rang] = "Liberation Mono 6 400";
     QCOMPARE(EnTextes(dialogue->polices), polices);
     QCOMPARE(scenario.Ecarts(), QStringList());
@@ -183,7 +163,7 @@ void TestDlgPolices::leDialoguePartDeLaPoliceEnCours()
     Scenario scenario;
     ProchainePolice(scenario, QFont("Liberation Mono", 24), true, &ouvert);
     Clique(Bouton(*dialogue, bouton));
-    QCOMPARE(EnTexte(ouvert.police), policesMontrees.at(rang));
+    QCOMPARE(EnTexte(ouvert.police), policesDessaiEnTextes.at(rang));
     QCOMPARE(ouvert.parent, dialogue.get());
 
     ProchainePolice(scenario, QFont("Liberation Serif", 5), false, &ouvert);
@@ -204,8 +184,8 @@ void TestDlgPolices::renoncerALaPoliceNeChangeRien()
     ProchainePolice(scenario, QFont("Liberation Serif", 22, QFont::Bold, true), false);
     Clique(Bouton(*dialogue, bouton));
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(Labels(), labelsMontres);
-    QCOMPARE(EnTextes(dialogue->polices), policesMontrees);
+    QCOMPARE(LabelsDesPolices(*dialogue), labelsDessai);
+    QCOMPARE(EnTextes(dialogue->polices), policesDessaiEnTextes);
     QVERIFY(dialogue->isVisible());
 }
 
@@ -221,8 +201,8 @@ void TestDlgPolices::laCouleurChoisieDevientCelleDesTextes()
     QCOMPARE(ouvert.parent, dialogue.get());
     QCOMPARE(dialogue->polices.couleurCaracteres, choisie);
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleur, choisie), QString());
-    QCOMPARE(Labels(), labelsMontres);
-    QCOMPARE(EnTextes(dialogue->polices).first(4), policesMontrees.first(4));
+    QCOMPARE(LabelsDesPolices(*dialogue), labelsDessai);
+    QCOMPARE(EnTextes(dialogue->polices).first(4), policesDessaiEnTextes.first(4));
 }
 
 void TestDlgPolices::renoncerALaCouleurNeChangeRien_data()
@@ -261,7 +241,7 @@ void TestDlgPolices::retablirRemetLesValeursDeLaReference()
     QCOMPARE(EnTextes(dialogue->polices), policesDeReference);
     QCOMPARE(dialogue->polices.policeTitre, reference.policeTitre);
     QCOMPARE(
-        Labels(),
+        LabelsDesPolices(*dialogue),
         QStringList({"Helvetica 7", "Liberation Mono Italic 15", "Courier Bold 29", "Liberation Sans Bold Italic 10"}));
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleur, QColor(200, 10, 100)), QString());
     QVERIFY(dialogue->isVisible());

@@ -1,4 +1,4 @@
-#include "formulaire.h"
+#include "presentationdessai.h"
 
 #include "dlgpreferences.h"
 
@@ -34,7 +34,6 @@ private Q_SLOTS:
     void apresRetablirEtOkLeTitreNEstPasGras();
 
 private:
-    [[nodiscard]] QStringList Labels() const;
     void ChangeTout();
 
     std::unique_ptr<DlgPreferences> dialogue;
@@ -49,14 +48,6 @@ const QStringList boutonsDePolice{"Modifier la police des textes ...", "Modifier
 
 const FormatsDessins formatsMontres{11, 12, 13, 14, 15, 16, 17, 0.7F, 3.3F, QColor(1, 2, 3)};
 const QString formatsEnTexte = "11 12 13 14 15 16 17 0.7 3.3 #010203";
-const LesPolices policesMontrees{QFont("Liberation Serif", 9), QFont("Liberation Mono", 13, QFont::Bold, true),
-                                 QFont("Liberation Sans", 31, QFont::Bold),
-                                 QFont("Liberation Serif", 11, QFont::Normal, true), QColor(10, 20, 30)};
-const QStringList policesEnTextes{"Liberation Serif 9 400", "Liberation Mono 13 700 italique", "Liberation Sans 31 700",
-                                  "Liberation Serif 11 400 italique", "#0a141e"};
-const QStringList labelsMontres{"Liberation Serif 9", "Liberation Mono Bold Italic 13", "Liberation Sans Bold 31",
-                                "Liberation Serif Italic 11"};
-
 void LignesDesPolices()
 {
     QTest::addColumn<int>("rang");
@@ -79,19 +70,8 @@ void LignesDesCouleurs()
 void TestDlgPreferences::init()
 {
     dialogue = std::make_unique<DlgPreferences>(nullptr);
-    dialogue->Montre(formatsMontres, policesMontrees);
+    dialogue->Montre(formatsMontres, policesDessai);
     QVERIFY(Affiche(*dialogue));
-}
-
-QStringList TestDlgPreferences::Labels() const
-{
-    return {dialogue->labelFamilleTextes->text() + ' ' + dialogue->labelTailleTextes->text(),
-            dialogue->labelFamilleNumeros->text() + ' ' + dialogue->labelStyleNumeros->text() + ' '
-                + dialogue->labelTailleNumeros->text(),
-            dialogue->labelFamilleTitre->text() + ' ' + dialogue->labelStyleTitre->text() + ' '
-                + dialogue->labelTailleTitre->text(),
-            dialogue->labelFamilleLegende->text() + ' ' + dialogue->labelStyleLegende->text() + ' '
-                + dialogue->labelTailleLegende->text()};
 }
 
 void TestDlgPreferences::ChangeTout()
@@ -141,17 +121,7 @@ void TestDlgPreferences::lesTextesSontCeuxPrevus()
 
 void TestDlgPreferences::chaqueChampASonLabel_data()
 {
-    QTest::addColumn<QString>("texte");
-
-    QTest::newRow("sbLCadre") << "Cadres : Largeur :";
-    QTest::newRow("sbHCadre") << "Hauteur :";
-    QTest::newRow("sbDMinHoriz") << "Distance minimum Horizontale entre deux cadres : ";
-    QTest::newRow("sbDMinVert") << "Distance minimum Verticale entre deux cadres : ";
-    QTest::newRow("sbMargeMin") << "Marge générale haute et gauche : ";
-    QTest::newRow("sbMargeDansCadre") << "Marge des textes dans les cadres : ";
-    QTest::newRow("sbIntervCadrePhoto") << "Distance entre cadre et photo associée : ";
-    QTest::newRow("dsbEpTrait") << "Epaisseur des traits :";
-    QTest::newRow("dsbRayonArc") << "Rayon des arcs de cercle : ";
+    LabelsDesLongueurs();
 }
 
 void TestDlgPreferences::chaqueChampASonLabel()
@@ -205,8 +175,8 @@ void TestDlgPreferences::ceQuiEstMontreEstSaisi()
 {
     QCOMPARE(EnTexte(dialogue->Saisie()), formatsEnTexte);
     QCOMPARE(dialogue->couleurTraits, QColor(1, 2, 3));
-    QCOMPARE(EnTextes(dialogue->polices), policesEnTextes);
-    QCOMPARE(Labels(), labelsMontres);
+    QCOMPARE(EnTextes(dialogue->polices), policesDessaiEnTextes);
+    QCOMPARE(LabelsDesPolices(*dialogue), labelsDessai);
     QVERIFY(dialogue->findChild<QLineEdit *>("LineEditCouleurTraits"));
     QVERIFY(dialogue->findChild<QLineEdit *>("LineEditCouleurTextes"));
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleurTraits, QColor(1, 2, 3)), QString());
@@ -215,31 +185,14 @@ void TestDlgPreferences::ceQuiEstMontreEstSaisi()
 
 void TestDlgPreferences::chaqueChampChangeSonReglage_data()
 {
-    QTest::addColumn<QString>("saisi");
-
-    QTest::newRow("sbLCadre") << "88 12 13 14 15 16 17 0.7 3.3 #010203";
-    QTest::newRow("sbHCadre") << "11 88 13 14 15 16 17 0.7 3.3 #010203";
-    QTest::newRow("sbDMinHoriz") << "11 12 88 14 15 16 17 0.7 3.3 #010203";
-    QTest::newRow("sbDMinVert") << "11 12 13 88 15 16 17 0.7 3.3 #010203";
-    QTest::newRow("sbMargeMin") << "11 12 13 14 88 16 17 0.7 3.3 #010203";
-    QTest::newRow("sbMargeDansCadre") << "11 12 13 14 15 88 17 0.7 3.3 #010203";
-    QTest::newRow("sbIntervCadrePhoto") << "11 12 13 14 15 16 88 0.7 3.3 #010203";
-    QTest::newRow("dsbEpTrait") << "11 12 13 14 15 16 17 88.0 3.3 #010203";
-    QTest::newRow("dsbRayonArc") << "11 12 13 14 15 16 17 0.7 88.0 #010203";
+    SaisiesDesLongueurs("#010203");
 }
 
 void TestDlgPreferences::chaqueChampChangeSonReglage()
 {
-    auto *champ = dialogue->findChild<QAbstractSpinBox *>(QTest::currentDataTag());
-    QVERIFY(champ);
-    champ->setFocus();
-    champ->selectAll();
-    QTest::keyClicks(champ, "88");
-    // Return takes what is typed, then accepts.
-    QTest::keyClick(champ, Qt::Key_Return);
-    QCOMPARE(dialogue->result(), int(QDialog::Accepted));
+    Tape88(*dialogue, QTest::currentDataTag());
     QTEST(EnTexte(dialogue->Saisie()), "saisi");
-    QCOMPARE(EnTextes(dialogue->polices), policesEnTextes);
+    QCOMPARE(EnTextes(dialogue->polices), policesDessaiEnTextes);
 }
 
 void TestDlgPreferences::uneCouleurNeChangePasLAutre_data()
@@ -300,14 +253,14 @@ void TestDlgPreferences::unBoutonNeChangeQueSaPolice()
     ProchainePolice(scenario, QFont("Liberation Serif", 22, QFont::Bold, true), true, &ouvert);
     Clique(Bouton(*dialogue, boutonsDePolice.at(rang)));
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(EnTexte(ouvert.police), policesEnTextes.at(rang));
+    QCOMPARE(EnTexte(ouvert.police), policesDessaiEnTextes.at(rang));
     QCOMPARE(ouvert.parent, dialogue.get());
-    QStringList polices = policesEnTextes;
+    QStringList polices = policesDessaiEnTextes;
     polices[rang] = "Liberation Serif 22 700 italique";
     QCOMPARE(EnTextes(dialogue->polices), polices);
-    QStringList labels = labelsMontres;
+    QStringList labels = labelsDessai;
     labels[rang] = rang == 0 ? "Liberation Serif 22" : "Liberation Serif Bold Italic 22";
-    QCOMPARE(Labels(), labels);
+    QCOMPARE(LabelsDesPolices(*dialogue), labels);
     QCOMPARE(EnTexte(dialogue->Saisie()), formatsEnTexte);
 }
 
@@ -323,8 +276,8 @@ void TestDlgPreferences::renoncerALaPoliceNeChangeRien()
     ProchainePolice(scenario, QFont("Liberation Serif", 22, QFont::Bold, true), false);
     Clique(Bouton(*dialogue, boutonsDePolice.at(rang)));
     QCOMPARE(scenario.Ecarts(), QStringList());
-    QCOMPARE(EnTextes(dialogue->polices), policesEnTextes);
-    QCOMPARE(Labels(), labelsMontres);
+    QCOMPARE(EnTextes(dialogue->polices), policesDessaiEnTextes);
+    QCOMPARE(LabelsDesPolices(*dialogue), labelsDessai);
 }
 
 void TestDlgPreferences::retablirRemetLesValeursDOrigine()
@@ -345,7 +298,8 @@ void TestDlgPreferences::retablirRemetLesValeursDOrigine()
     QCOMPARE(EnTexte(dialogue->Saisie()), "30 42 10 15 15 1 1 1.0 2.5 #000000");
     QCOMPARE(EnTextes(dialogue->polices),
              QStringList({"Helvetica 8 400", "Helvetica 14 700", "Helvetica 30 400", "Helvetica 12 400", "#000000"}));
-    QCOMPARE(Labels(), QStringList({"Helvetica 8", "Helvetica Bold 14", "Helvetica Normal 30", "Helvetica Normal 12"}));
+    QCOMPARE(LabelsDesPolices(*dialogue),
+             QStringList({"Helvetica 8", "Helvetica Bold 14", "Helvetica Normal 30", "Helvetica Normal 12"}));
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleurTraits, Qt::black), QString());
     QCOMPARE(EcartsDePastille(dialogue->LineEditCouleurTextes, Qt::black), QString());
 }
@@ -353,7 +307,7 @@ void TestDlgPreferences::retablirRemetLesValeursDOrigine()
 void TestDlgPreferences::apresRetablirEtOkLeTitreNEstPasGras()
 {
     dialogue->Montre(FormatsDessins::ParDefaut(), LesPolices::ParDefaut());
-    QCOMPARE(Labels().at(2), "Helvetica Bold 30");
+    QCOMPARE(LabelsDesPolices(*dialogue).at(2), "Helvetica Bold 30");
     QVERIFY(dialogue->polices.policeTitre.bold());
     Clique(dialogue->pbValParDef);
     Clique(Bouton(*dialogue, "OK"));
