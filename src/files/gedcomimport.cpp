@@ -144,6 +144,7 @@ private:
         info.datedeces = textes.De(fiche, ChampGED::DateDeces);
         info.lieudeces = textes.De(fiche, ChampGED::LieuDeces);
         info.divers = textes.De(fiche, ChampGED::Occu);
+        arbre.TextesChanges(personne);
         dernieresPlaces[individu] = static_cast<int>(places.size());
         places.append({individu, placeEnfant});
     }

@@ -1,3 +1,4 @@
+#include "annuaire.h"
 #include "bancechange.h"
 #include "environnement.h"
 #include "pannes.h"
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void chercheRacineParcourtTouteLaListe();
     void copieInfoRemplaceSeptTextes();
     void desTextesLongsSontEntiers();
+    void lesNomsSeCherchentMemeSiQuelquUnRegardaitDeja();
 };
 
 namespace {
@@ -366,6 +368,22 @@ void TestGedcomImport::desTextesLongsSontEntiers()
     QCOMPARE(info.divers, QString(101, u'B'));
     QCOMPARE(info.lieunaissance, QString(101, u'B'));
     QCOMPARE(info.datenaissance, QString(100, u'A'));
+}
+
+void TestGedcomImport::lesNomsSeCherchentMemeSiQuelquUnRegardaitDeja()
+{
+    BancEchange banc;
+    Arbre arbre;
+    // As a screen reader may, while the question for the root is open.
+    QCOMPARE(arbre.SonAnnuaire().Nombre(), 0U);
+    banc.reponses->racine = QStringLiteral("@I1@");
+    ImporterDeFichierGEDCOM(nullptr,
+                            banc.Pose("a.ged",
+                                      "0 @I1@ INDI\n1 NAME Jean /DUPONT/\n0 @I2@ INDI\n1 NAME Paul /MARTIN/\n"
+                                      "0 @F1@ FAM\n1 HUSB @I2@\n1 CHIL @I1@\n0 TRLR\n"),
+                            &arbre);
+    QCOMPARE(NumeroDe(arbre.SonAnnuaire().Prochaine(nullptr, true, NomCherche(u"dupont"))), 1U);
+    QCOMPARE(NumeroDe(arbre.SonAnnuaire().Prochaine(nullptr, true, NomCherche(u"martin"))), 2U);
 }
 
 RAMELIER_TEST_MAIN(QCoreApplication, TestGedcomImport)
