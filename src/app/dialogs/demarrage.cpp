@@ -7,6 +7,8 @@
 #include <QIcon>
 #include <QImageReader>
 
+#include <clocale>
+
 #include <fontconfig/fontconfig.h>
 
 // Resources of a static library are only found when somebody names them, and only from the global namespace.
@@ -17,7 +19,9 @@ static void EnregistreLesIcones()
 
 std::future<void> ChercheLesPolices()
 {
-    // Kept by the library for the whole process: the toolkit's own search then finds it done. Without fonts it says so.
+    // As the application object does a little later: the search reads numbers, and must not see the locale change.
+    std::setlocale(LC_ALL, "");
+    // Kept by the library for the whole process: the toolkit's own search then finds it done.
     return std::async([] { FcInit(); });
 }
 
