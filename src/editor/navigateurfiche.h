@@ -13,6 +13,6 @@ public:
 
     QVariant loadResource(int type, const QUrl &nom) override;
 
-    /// What is said of a file that is there but was not read, for the reason \a cause.
+    /// What is said of a file that could not be read, for the reason \a cause.
     [[nodiscard]] static QString NonLu(const QString &fichier, const QString &cause);
 };

@@ -150,6 +150,7 @@ void TestLyTextBrowser::lesActions()
     QTEST(action.whatsThis(), "quEstCe");
     QFETCH(const QString, icone);
     QCOMPARE(action.icon().isNull(), icone.isEmpty());
+    QCOMPARE(action.icon().pixmap(16, 16).isNull(), icone.isEmpty());
     QCOMPARE(action.icon().pixmap(16, 16).toImage(), QIcon(icone).pixmap(16, 16).toImage());
     QCOMPARE(action.isCheckable(), &action == fenetre->actViewToolBar);
     QCOMPARE(action.isChecked(), &action == fenetre->actViewToolBar);

@@ -48,6 +48,7 @@ const QStringList boutonsDePolice{"Modifier la police des textes ...", "Modifier
 
 const FormatsDessins formatsMontres{11, 12, 13, 14, 15, 16, 17, 0.7F, 3.3F, QColor(1, 2, 3)};
 const QString formatsEnTexte = "11 12 13 14 15 16 17 0.7 3.3 #010203";
+
 void LignesDesPolices()
 {
     QTest::addColumn<int>("rang");
